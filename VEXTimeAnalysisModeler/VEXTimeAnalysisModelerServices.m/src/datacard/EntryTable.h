@@ -1,0 +1,34 @@
+// The table of the codes of a motion-time system.
+#pragma once
+
+#include <memory>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+#include "VEXSTMDataCardScans.h"
+#include "datacard/CodeIndex.h"
+
+namespace datacard {
+
+/// The records of an entry file, in document order, and the index over them. Service objects share it, on several
+/// threads too.
+class EntryTable {
+ public:
+  explicit EntryTable(std::vector<VEXSTMDataCardEntriesScan> records) : _Records(std::move(records)) {}
+
+  const std::vector<VEXSTMDataCardEntriesScan>& Records() const { return _Records; }
+
+  /// The index, made by the first caller that needs it.
+  const CodeIndex& Index() const {
+    std::call_once(_IndexMade, [this] { _Index = std::make_unique<CodeIndex>(_Records); });
+    return *_Index;
+  }
+
+ private:
+  std::vector<VEXSTMDataCardEntriesScan> _Records;
+  mutable std::once_flag _IndexMade;
+  mutable std::unique_ptr<const CodeIndex> _Index;
+};
+
+}  // namespace datacard

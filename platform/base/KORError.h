@@ -1,0 +1,33 @@
+// Raised errors and the errors that wait behind a status.
+#pragma once
+
+#include <optional>
+
+#include "platform/base/KORExport.h"
+#include "platform/base/KORUnicodeString.h"
+
+/// An error with the words for a person. The only exception that the platform raises by itself is the null-handle
+/// error.
+class KORPLATFORM_API KORError {
+ public:
+  KORError(long status, KORUnicodeString message);
+
+  long GetStatus() const { return _Status; }
+  const KORUnicodeString& GetMessage() const { return _Message; }
+
+  /// The error that the last failing operation of this thread left with `status`; nothing if it left none.
+  /// The second argument is reserved by the platform and is passed as null.
+  static std::optional<KORError> KORGetLastError(long status, const void* reserved);
+
+  /// Leaves an error for KORGetLastError on this thread, in place of the one before.
+  static void SetLastError(const KORError& error);
+  /// Forgets the error left on this thread.
+  static void ClearLastError();
+
+ private:
+  long _Status;
+  KORUnicodeString _Message;
+};
+
+/// Raises the null-handle error: a KORError with status E_FAIL.
+[[noreturn]] KORPLATFORM_API void ThrowErrorNullVar();

@@ -1,0 +1,187 @@
+// The events of the XML parser, turned into a tree.
+#include "platform/document/KORXMLTreeBuilder.h"
+
+#include <expat.h>
+
+#include <algorithm>
+#include <cctype>
+#include <limits>
+#include <memory>
+#include <new>
+#include <stdexcept>
+#include <utility>
+
+#include "platform/base/KORWindows1252.h"
+#include "platform/document/KORXMLTree.h"
+
+namespace {
+
+constexpr std::size_t DeepestElement = 1000;
+constexpr int MostEntityDeclarations = 1000;
+// Entities may expand to 8 MiB, and beyond that to so many times the length of the file.
+constexpr float MostAmplification = 10.0F;
+
+bool IsNamed(std::string_view name, std::string_view lower_case) {
+  return std::equal(name.begin(), name.end(), lower_case.begin(), lower_case.end(), [](char left, char right) {
+    return std::tolower(static_cast<unsigned char>(left)) == static_cast<unsigned char>(right);
+  });
+}
+
+// Takes the events of one parse. The events come through the parser's C frames, which no exception may cross.
+class TreeBuilder {
+ public:
+  TreeBuilder() : _Parser(XML_ParserCreate(nullptr), XML_ParserFree), _Tree(std::make_shared<KORXMLTree>()) {
+    if (_Parser == nullptr) throw std::bad_alloc();
+    XML_Parser parser = _Parser.get();
+    XML_SetUserData(parser, this);
+    XML_SetElementHandler(parser, StartElement, EndElement);
+    XML_SetCharacterDataHandler(parser, CharacterData);
+    XML_SetCdataSectionHandler(parser, StartSection, EndSection);
+    XML_SetCommentHandler(parser, Comment);
+    XML_SetProcessingInstructionHandler(parser, Instruction);
+    XML_SetEntityDeclHandler(parser, EntityDeclaration);
+    XML_SetUnknownEncodingHandler(parser, UnknownEncoding, this);
+    // Parameter entities of the file itself are read; with no handler for external ones, none of those is opened.
+    XML_SetParamEntityParsing(parser, XML_PARAM_ENTITY_PARSING_UNLESS_STANDALONE);
+    XML_SetBillionLaughsAttackProtectionMaximumAmplification(parser, MostAmplification);
+  }
+
+  std::shared_ptr<const KORXMLTree> Build(std::string_view content, std::string& fault) {
+    if (XML_Parse(_Parser.get(), content.data(), static_cast<int>(content.size()), XML_TRUE) == XML_STATUS_OK &&
+        _Cause.empty()) {
+      return std::move(_Tree);
+    }
+    fault = DescribeFault();
+    return nullptr;
+  }
+
+ private:
+  // Runs `work` on the builder behind an event; whatever it throws stops the parse with a cause.
+  template <class Work>
+  static void Handle(void* user_data, Work work) noexcept {
+    auto& builder = *static_cast<TreeBuilder*>(user_data);
+    if (!builder._Cause.empty()) return;  // events may still come in after the parse was stopped
+    try {
+      work(builder);
+    } catch (const std::length_error& error) {
+      builder.Stop(error.what());
+    } catch (...) {
+      builder.Stop("out of memory");
+    }
+  }
+
+  void Stop(std::string_view cause) noexcept {
+    _Cause = cause;
+    XML_StopParser(_Parser.get(), XML_FALSE);
+  }
+
+  std::uint32_t Line() const { return static_cast<std::uint32_t>(XML_GetCurrentLineNumber(_Parser.get())); }
+
+  // Ends the text or section that was being collected from pieces.
+  void EndText(KORXMLKind kind) {
+    if (kind == KORXMLKind::Text && _Collected.empty()) return;
+    _Tree->AddLeaf(kind, {}, _Collected, _CollectedLine);
+    _Collected.clear();
+  }
+
+  void AddLeaf(KORXMLKind kind, std::string_view name, std::string_view content) {
+    if (_Tree->Depth() == 0) return;  // outside the root element
+    EndText(KORXMLKind::Text);
+    _Tree->AddLeaf(kind, name, content, Line());
+  }
+
+  static void XMLCALL StartElement(void* user_data, const XML_Char* name, const XML_Char** /*attributes*/) {
+    Handle(user_data, [name](TreeBuilder& builder) {
+      builder.EndText(KORXMLKind::Text);
+      if (builder._Tree->Depth() == DeepestElement) {
+        builder.Stop("elements are nested deeper than 1,000");
+        return;
+      }
+      builder._Tree->OpenElement(name, builder.Line());
+    });
+  }
+
+  static void XMLCALL EndElement(void* user_data, const XML_Char* /*name*/) {
+    Handle(user_data, [](TreeBuilder& builder) {
+      builder.EndText(KORXMLKind::Text);
+      builder._Tree->CloseElement();
+    });
+  }
+
+  static void XMLCALL CharacterData(void* user_data, const XML_Char* characters, int length) {
+    Handle(user_data, [characters, length](TreeBuilder& builder) {
+      if (builder._Collected.empty() && !builder._InSection) builder._CollectedLine = builder.Line();
+      builder._Collected.append(characters, static_cast<std::size_t>(length));
+    });
+  }
+
+  static void XMLCALL StartSection(void* user_data) {
+    Handle(user_data, [](TreeBuilder& builder) {
+      builder.EndText(KORXMLKind::Text);
+      builder._InSection = true;
+      builder._CollectedLine = builder.Line();
+    });
+  }
+
+  static void XMLCALL EndSection(void* user_data) {
+    Handle(user_data, [](TreeBuilder& builder) {
+      builder.EndText(KORXMLKind::Section);
+      builder._InSection = false;
+    });
+  }
+
+  static void XMLCALL Comment(void* user_data, const XML_Char* content) {
+    Handle(user_data, [content](TreeBuilder& builder) { builder.AddLeaf(KORXMLKind::Comment, {}, content); });
+  }
+
+  static void XMLCALL Instruction(void* user_data, const XML_Char* target, const XML_Char* content) {
+    Handle(user_data, [target, content](TreeBuilder& builder) {
+      builder.AddLeaf(KORXMLKind::Instruction, target, content);
+    });
+  }
+
+  static void XMLCALL EntityDeclaration(void* user_data, const XML_Char*, int, const XML_Char*, int, const XML_Char*,
+                                        const XML_Char*, const XML_Char*, const XML_Char*) {
+    Handle(user_data, [](TreeBuilder& builder) {
+      if (++builder._EntityDeclarations > MostEntityDeclarations) builder.Stop("more than 1,000 entity declarations");
+    });
+  }
+
+  static int XMLCALL UnknownEncoding(void* /*data*/, const XML_Char* name, XML_Encoding* encoding) {
+    if (!IsNamed(name, "windows-1252")) return XML_STATUS_ERROR;
+    for (int byte = 0; byte < 256; ++byte) {
+      encoding->map[byte] = static_cast<int>(Windows1252Character(static_cast<unsigned char>(byte)));
+    }
+    return XML_STATUS_OK;
+  }
+
+  std::string DescribeFault() const {
+    XML_Parser parser = _Parser.get();
+    std::string fault = "line " + std::to_string(XML_GetCurrentLineNumber(parser)) + ", column " +
+                        std::to_string(XML_GetCurrentColumnNumber(parser) + 1);
+    if (const std::string_view name = _Tree->InnermostName(); !name.empty()) {
+      fault.append(", in element <").append(name).append(">");
+    }
+    fault += ": ";
+    if (!_Cause.empty()) return fault.append(_Cause);
+    return fault += XML_ErrorString(XML_GetErrorCode(parser));
+  }
+
+  std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> _Parser;
+  std::shared_ptr<KORXMLTree> _Tree;
+  std::string _Collected;
+  std::uint32_t _CollectedLine = 0;
+  bool _InSection = false;
+  int _EntityDeclarations = 0;
+  std::string_view _Cause;  // of a parse stopped by an event; a text that lives for ever
+};
+
+}  // namespace
+
+std::shared_ptr<const KORXMLTree> KORBuildXMLTree(std::string_view content, std::string& fault) {
+  if (content.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
+    fault = "the file is longer than 2,147,483,647 bytes";
+    return nullptr;
+  }
+  return TreeBuilder().Build(content, fault);
+}

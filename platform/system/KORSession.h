@@ -1,0 +1,73 @@
+// What the platform calls process-wide, gathered in one object: environment, settings, recorder, operating system.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/base/KORExport.h"
+#include "platform/base/KORUnicodeString.h"
+#include "platform/system/KORRecord.h"
+#include "platform/system/KORSettingRepository.h"
+
+/// A session of the host platform.
+///
+/// The operations of platform/system work on the current session of the calling thread: the one of the innermost
+/// Scope on that thread, else the default session of the process. A fresh session starts with the environment of the
+/// process, with no settings repository, with a recorder at rest and with the code of the operating system that the
+/// library was built for. Distinct sessions may serve distinct threads at once; one session serves one thread at a
+/// time, and the default session is not to be changed while several threads use it.
+class KORPLATFORM_API KORSession {
+ public:
+  KORSession();
+  ~KORSession();
+  KORSession(const KORSession&) = delete;
+  KORSession& operator=(const KORSession&) = delete;
+
+  static KORSession& Current();
+
+  /// Makes a session the current one of this thread for the life of the scope. Scopes nest.
+  class KORPLATFORM_API Scope {
+   public:
+    explicit Scope(KORSession& session);
+    ~Scope();
+    Scope(const Scope&) = delete;
+    Scope& operator=(const Scope&) = delete;
+
+   private:
+    KORSession* _Before;
+  };
+
+  /// Sets an environment variable of this session; the process's environment stays as it is.
+  void SetEnvironment(const std::string& name, const KORUnicodeString& value);
+  /// Hides an environment variable of the process from this session.
+  void UnsetEnvironment(const std::string& name);
+  /// The value of an environment variable; nothing if it is not set.
+  std::optional<KORUnicodeString> GetEnvironment(const std::string& name) const;
+
+  /// The repository of that name, made empty if it is not there. Owned by the session.
+  KORSettingRepository& AddRepository(const KORUnicodeString& name);
+  /// The repository of that name, or null.
+  KORSettingRepository* FindRepository(const KORUnicodeString& name);
+
+  KORRecord& GetRecorder() { return _Recorder; }
+
+  /// The platform's code of the operating system: 1 to 3 and 7 are systems with "/" between folders.
+  int GetOperatingSystem() const { return _OperatingSystem; }
+  void SetOperatingSystem(int code) { _OperatingSystem = code; }
+
+  /// Makes every later call of a platform operation in this session fail with `status`, by the operation's name,
+  /// until ClearFaults. For tests of what callers do then.
+  void InjectFault(const std::string& operation, long status);
+  void ClearFaults();
+  /// The status with which the operation is to fail; S_OK if it is to do its work.
+  long GetFault(const char* operation) const;
+
+ private:
+  std::map<std::string, std::optional<KORUnicodeString>> _Environment;
+  std::map<KORUnicodeString, std::unique_ptr<KORSettingRepository>> _Repositories;
+  std::map<std::string, long, std::less<>> _Faults;
+  KORRecord _Recorder;
+  int _OperatingSystem;
+};
