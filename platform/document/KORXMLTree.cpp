@@ -9,8 +9,8 @@ namespace {
 constexpr std::string_view FixedNames[] = {"#text", "#cdata-section", "#comment"};
 
 constexpr std::size_t MostText = 0xFFFFFFFFu;
-constexpr std::size_t MostNodes = 0xFFFFFFFFu;
-constexpr std::size_t MostNames = (1u << 29) - 1;
+constexpr std::size_t MostNodes = 0x7FFFFFFFu;  // positions in a node list are of type int
+constexpr std::uint32_t MostNames = (1u << 29) - 1;
 
 std::uint32_t FixedNameNumber(KORXMLKind kind) {
   return static_cast<std::uint32_t>(kind) - static_cast<std::uint32_t>(KORXMLKind::Text);
@@ -25,7 +25,7 @@ KORXMLTree::KORXMLTree() {
 std::string_view KORXMLTree::ValueOf(std::uint32_t index) const {
   const KORXMLNode& node = Node(index);
   if (node.Kind == KORXMLKind::Element) return {};
-  return std::string_view(_Text).substr(node.Begin, node.End - node.Begin);
+  return node.Begin == node.End ? std::string_view() : std::string_view(&_Text[node.Begin], node.End - node.Begin);
 }
 
 std::uint32_t KORXMLTree::FindName(std::string_view name) const {
@@ -48,14 +48,22 @@ void KORXMLTree::CloseElement() {
   _Open.pop_back();
 }
 
-void KORXMLTree::AddLeaf(KORXMLKind kind, std::string_view name, std::string_view content, std::uint32_t line) {
-  if (content.size() > MostText - _Text.size()) throw std::length_error("more text than 4 GiB");
+void KORXMLTree::Collect(std::string_view piece) {
+  if (piece.size() > MostText - _Text.Size()) throw std::length_error("text");
+  _Text.Append(piece);
+}
+
+void KORXMLTree::AddLeaf(KORXMLKind kind, std::string_view name, std::uint32_t line) {
   const std::uint32_t number = kind == KORXMLKind::Instruction ? NumberOf(name) : FixedNameNumber(kind);
-  const auto begin = static_cast<std::uint32_t>(_Text.size());
-  _Text.append(content);
   KORXMLNode& node = _Nodes[AddNode(kind, number, line)];
-  node.Begin = begin;
-  node.End = static_cast<std::uint32_t>(_Text.size());
+  node.Begin = static_cast<std::uint32_t>(_Collected);
+  _Collected = _Text.Size();
+  node.End = static_cast<std::uint32_t>(_Collected);
+}
+
+void KORXMLTree::Finish() {
+  _Nodes.ShrinkToFit();
+  _Text.ShrinkToFit();
 }
 
 std::string_view KORXMLTree::InnermostName() const {
@@ -63,9 +71,13 @@ std::string_view KORXMLTree::InnermostName() const {
 }
 
 std::uint32_t KORXMLTree::AddNode(KORXMLKind kind, std::uint32_t name, std::uint32_t line) {
-  if (_Nodes.size() >= MostNodes) throw std::length_error("more nodes than 32 bits number");
+  if (_Nodes.Size() >= MostNodes) throw std::length_error("nodes");
   const std::uint32_t index = Size();
-  _Nodes.push_back({kind, name, 0, 0, 0, line});
+  KORXMLNode node{};
+  node.Kind = kind;
+  node.Name = name & MostNames;
+  node.Line = line;
+  _Nodes.Append(node);
   if (!_Open.empty()) {
     OpenNode& parent = _Open.back();
     ++_Nodes[parent.Index].Begin;
@@ -76,9 +88,12 @@ std::uint32_t KORXMLTree::AddNode(KORXMLKind kind, std::uint32_t name, std::uint
 }
 
 std::uint32_t KORXMLTree::NumberOf(std::string_view name) {
-  if (const auto found = _NameNumbers.find(name); found != _NameNumbers.end()) return found->second;
-  if (_Names.size() >= MostNames) throw std::length_error("more names than 29 bits number");
+  const std::size_t letters = static_cast<unsigned char>(name.back()) * 7u + name.size();
+  std::uint32_t& recent = _RecentNames[letters % _RecentNames.size()];
+  if (recent < _Names.size() && _Names[recent] == name) return recent;
+  if (const auto found = _NameNumbers.find(name); found != _NameNumbers.end()) return recent = found->second;
+  if (_Names.size() >= MostNames) throw std::length_error("names");
   const auto number = static_cast<std::uint32_t>(_Names.size());
   _NameNumbers.emplace(_Names.emplace_back(name), number);
-  return number;
+  return recent = number;
 }

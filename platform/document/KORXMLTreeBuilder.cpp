@@ -1,6 +1,8 @@
 // The events of the XML parser, turned into a tree.
 #include "platform/document/KORXMLTreeBuilder.h"
 
+// Asks the parser's header for the bound on the expansion of entities.
+#define XML_DTD
 #include <expat.h>
 
 #include <algorithm>
@@ -9,6 +11,7 @@
 #include <memory>
 #include <new>
 #include <stdexcept>
+#include <type_traits>
 #include <utility>
 
 #include "platform/base/KORWindows1252.h"
@@ -49,6 +52,7 @@ class TreeBuilder {
   std::shared_ptr<const KORXMLTree> Build(std::string_view content, std::string& fault) {
     if (XML_Parse(_Parser.get(), content.data(), static_cast<int>(content.size()), XML_TRUE) == XML_STATUS_OK &&
         _Cause.empty()) {
+      _Tree->Finish();
       return std::move(_Tree);
     }
     fault = DescribeFault();
@@ -63,8 +67,8 @@ class TreeBuilder {
     if (!builder._Cause.empty()) return;  // events may still come in after the parse was stopped
     try {
       work(builder);
-    } catch (const std::length_error& error) {
-      builder.Stop(error.what());
+    } catch (const std::length_error&) {
+      builder.Stop("the document is too large");
     } catch (...) {
       builder.Stop("out of memory");
     }
@@ -77,22 +81,21 @@ class TreeBuilder {
 
   std::uint32_t Line() const { return static_cast<std::uint32_t>(XML_GetCurrentLineNumber(_Parser.get())); }
 
-  // Ends the text or section that was being collected from pieces.
-  void EndText(KORXMLKind kind) {
-    if (kind == KORXMLKind::Text && _Collected.empty()) return;
-    _Tree->AddLeaf(kind, {}, _Collected, _CollectedLine);
-    _Collected.clear();
+  // Ends the text that was being collected from pieces.
+  void EndText() {
+    if (_Tree->HasCollected()) _Tree->AddLeaf(KORXMLKind::Text, {}, _TextLine);
   }
 
   void AddLeaf(KORXMLKind kind, std::string_view name, std::string_view content) {
     if (_Tree->Depth() == 0) return;  // outside the root element
-    EndText(KORXMLKind::Text);
-    _Tree->AddLeaf(kind, name, content, Line());
+    EndText();
+    _Tree->Collect(content);
+    _Tree->AddLeaf(kind, name, Line());
   }
 
   static void XMLCALL StartElement(void* user_data, const XML_Char* name, const XML_Char** /*attributes*/) {
     Handle(user_data, [name](TreeBuilder& builder) {
-      builder.EndText(KORXMLKind::Text);
+      builder.EndText();
       if (builder._Tree->Depth() == DeepestElement) {
         builder.Stop("elements are nested deeper than 1,000");
         return;
@@ -103,29 +106,29 @@ class TreeBuilder {
 
   static void XMLCALL EndElement(void* user_data, const XML_Char* /*name*/) {
     Handle(user_data, [](TreeBuilder& builder) {
-      builder.EndText(KORXMLKind::Text);
+      builder.EndText();
       builder._Tree->CloseElement();
     });
   }
 
   static void XMLCALL CharacterData(void* user_data, const XML_Char* characters, int length) {
     Handle(user_data, [characters, length](TreeBuilder& builder) {
-      if (builder._Collected.empty() && !builder._InSection) builder._CollectedLine = builder.Line();
-      builder._Collected.append(characters, static_cast<std::size_t>(length));
+      if (!builder._InSection && !builder._Tree->HasCollected()) builder._TextLine = builder.Line();
+      builder._Tree->Collect({characters, static_cast<std::size_t>(length)});
     });
   }
 
   static void XMLCALL StartSection(void* user_data) {
     Handle(user_data, [](TreeBuilder& builder) {
-      builder.EndText(KORXMLKind::Text);
+      builder.EndText();
       builder._InSection = true;
-      builder._CollectedLine = builder.Line();
+      builder._TextLine = builder.Line();
     });
   }
 
   static void XMLCALL EndSection(void* user_data) {
     Handle(user_data, [](TreeBuilder& builder) {
-      builder.EndText(KORXMLKind::Section);
+      builder._Tree->AddLeaf(KORXMLKind::Section, {}, builder._TextLine);
       builder._InSection = false;
     });
   }
@@ -169,8 +172,7 @@ class TreeBuilder {
 
   std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> _Parser;
   std::shared_ptr<KORXMLTree> _Tree;
-  std::string _Collected;
-  std::uint32_t _CollectedLine = 0;
+  std::uint32_t _TextLine = 0;
   bool _InSection = false;
   int _EntityDeclarations = 0;
   std::string_view _Cause;  // of a parse stopped by an event; a text that lives for ever

@@ -34,7 +34,9 @@ class CodePatternDifferentialTest : public support::ServiceRowTest<SystemRow> {
   std::size_t _Matches = 0;
 };
 
-std::uint64_t BitsOf(double value) { return std::bit_cast<std::uint64_t>(value); }
+std::uint64_t BitsOf(double value) {
+  return std::bit_cast<std::uint64_t>(value);
+}
 
 void CodePatternDifferentialTest::CompareCheck(const std::string& pattern, const std::string& code) {
   int expected_count = -3;
@@ -45,8 +47,8 @@ void CodePatternDifferentialTest::CompareCheck(const std::string& pattern, const
   int count = -3;
   std::vector<double> values(pattern.size() + 1, -77.0);
   std::vector<int> flags(pattern.size() + 1, -77);
-  const bool matched = _Services.CheckDataCardCodePattern(Unicode(code), Unicode(pattern), count, values.data(),
-                                                          flags.data()) == 1;
+  const bool matched =
+      _Services.CheckDataCardCodePattern(Unicode(code), Unicode(pattern), count, values.data(), flags.data()) == 1;
   ASSERT_EQ(matched, expected);
   ASSERT_EQ(count, expected_count);
   if (expected) ++_Matches;

@@ -6,38 +6,15 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/PatternCheck.h"
 #include "tests/support/ServiceTest.h"
 
 namespace {
 
+using support::Check;
+using support::Outcome;
 using support::Text;
 using support::Unicode;
-
-std::string Repeat(const std::string& text, int times) {
-  std::string repeated;
-  repeated.reserve(text.size() * static_cast<std::size_t>(times));
-  for (int time = 0; time < times; ++time) repeated += text;
-  return repeated;
-}
-
-// What a check left behind.
-struct Outcome {
-  bool matched = false;
-  int count = -1;
-  std::vector<double> values;
-  std::vector<int> flags;
-};
-
-// Checks with arrays of `capacity` elements that hold marks at first.
-Outcome Check(VEXSTMTimeAnalysisDlgServices& services, const std::string& code, const std::string& pattern,
-              int capacity = 64) {
-  Outcome outcome;
-  outcome.values.assign(static_cast<std::size_t>(capacity), -77.0);
-  outcome.flags.assign(static_cast<std::size_t>(capacity), -77);
-  outcome.matched = services.CheckDataCardCodePattern(Unicode(code), Unicode(pattern), outcome.count,
-                                                      outcome.values.data(), outcome.flags.data()) == 1;
-  return outcome;
-}
 
 // ------------------------------------------------------------------------------------------------------ Compilation
 
@@ -88,9 +65,9 @@ INSTANTIATE_TEST_SUITE_P(
                     CompileRow{"Real", "$", {{5, "", Low, High}}}, CompileRow{"Literal", "\"AB 1\"", {{6, "AB 1"}}},
                     CompileRow{"LiteralWithSigns", "\"(|%$[\"", {{6, "(|%$["}}},
                     CompileRow{"LiteralWithoutItsEnd", "\"AB", {{6, "AB"}}},
-                    CompileRow{"LiteralsInARow", "\"A\"\"B\"", {{6, "A"}, {6, "B"}}},
-                    CompileRow{"Unknown", "x", {{8}}}, CompileRow{"UnknownOneByOne", "A1]", {{8}, {8}, {8}}},
-                    CompileRow{"Tabulator", "\t", {{8}}}, CompileRow{"CarriageReturn", "%\r", {{4, "", Low, High}, {8}}},
+                    CompileRow{"LiteralsInARow", "\"A\"\"B\"", {{6, "A"}, {6, "B"}}}, CompileRow{"Unknown", "x", {{8}}},
+                    CompileRow{"UnknownOneByOne", "A1]", {{8}, {8}, {8}}}, CompileRow{"Tabulator", "\t", {{8}}},
+                    CompileRow{"CarriageReturn", "%\r", {{4, "", Low, High}, {8}}},
                     CompileRow{"PositionsCountEveryToken",
                                "\"M\"(|\"A\"|\"B\")%",
                                {{6, "M"}, {0}, {2}, {6, "A"}, {2}, {6, "B"}, {1}, {4, "", Low, High}}},
@@ -108,14 +85,14 @@ INSTANTIATE_TEST_SUITE_P(
         CompileRow{"Integer", "%[1,80]", {{4, "", 1, 80}}}, CompileRow{"Real", "$[-5,5]", {{5, "", -5, 5}}},
         CompileRow{"Blanks", "%[ 1 , 80 ]", {{4, "", 1, 80}}},
         CompileRow{"FractionsAreCut", "$[1.9,2.9]", {{5, "", 1, 2}}},
-        CompileRow{"WithoutComma", "%[7]", {{4, "", Low, High}}},
-        CompileRow{"Empty", "%[]", {{4, "", Low, High}}},
+        CompileRow{"WithoutComma", "%[7]", {{4, "", Low, High}}}, CompileRow{"Empty", "%[]", {{4, "", Low, High}}},
         CompileRow{"CommaAlone", "%[,]", {{4, "", 0, 0}}},
         CompileRow{"LowerUnreadableIsZeroAtFirst", "%[x,7]", {{4, "", 0, 7}}},
         CompileRow{"UpperUnreadableIsTheLower", "%[7,]", {{4, "", 7, 7}}},
         CompileRow{"UnreadableBoundsTakeTheNumberBefore", "%[1,80]$[x,y]", {{4, "", 1, 80}, {5, "", 80, 80}}},
         CompileRow{"LowerUnreadableTakesTheNumberBefore", "%[1,80]%[,90]", {{4, "", 1, 80}, {4, "", 80, 90}}},
-        CompileRow{"RangeWithoutCommaKeepsTheNumber", "%[1,80]%[5]%[,90]",
+        CompileRow{"RangeWithoutCommaKeepsTheNumber",
+                   "%[1,80]%[5]%[,90]",
                    {{4, "", 1, 80}, {4, "", Low, High}, {4, "", 80, 90}}},
         CompileRow{"SecondCommaEndsTheNumber", "%[1,2,3]", {{4, "", 1, 2}}},
         CompileRow{"WithoutItsEnd", "%[1,80", {{4, "", 1, 80}}},
@@ -175,14 +152,10 @@ INSTANTIATE_TEST_SUITE_P(
         MatchRow{"AboveTheRangeIsNotConsumed", "STD", "\"GR\"%[1,80]", "GR90", false},
         MatchRow{"BelowTheRangeIsNotConsumed", "STD", "\"GR\"%[1,80]", "GR0", false},
         MatchRow{"CodeEndsAtTheParameter", "STD", "\"GR\"%[1,80]", "GR", false},
-        MatchRow{"Alone", "STD", "%", "7", true, {7}, {1}},
-        MatchRow{"LeadingZeros", "STD", "%", "007", false},
-        MatchRow{"Negative", "STD", "%", "-5", true, {-5}, {1}},
-        MatchRow{"PlusSign", "STD", "%", "+5", false},
-        MatchRow{"NegativeZero", "STD", "%", "-0", false},
-        MatchRow{"Zero", "STD", "%", "0", true, {0}, {1}},
-        MatchRow{"BlankAhead", "STD", "%", " 5", false},
-        MatchRow{"Fraction", "STD", "%", "1.5", false},
+        MatchRow{"Alone", "STD", "%", "7", true, {7}, {1}}, MatchRow{"LeadingZeros", "STD", "%", "007", false},
+        MatchRow{"Negative", "STD", "%", "-5", true, {-5}, {1}}, MatchRow{"PlusSign", "STD", "%", "+5", false},
+        MatchRow{"NegativeZero", "STD", "%", "-0", false}, MatchRow{"Zero", "STD", "%", "0", true, {0}, {1}},
+        MatchRow{"BlankAhead", "STD", "%", " 5", false}, MatchRow{"Fraction", "STD", "%", "1.5", false},
         MatchRow{"DefaultUpperBound", "STD", "%", "1000000", true, {1000000}, {1}},
         MatchRow{"AboveTheDefaultBound", "STD", "%", "1000001", false},
         MatchRow{"DefaultLowerBound", "STD", "%", "-1000000", true, {-1000000}, {1}},
@@ -195,13 +168,28 @@ INSTANTIATE_TEST_SUITE_P(
         MatchRow{"OutOfRangeInAGroup", "STD", "(\"A\"%[1,3]\"5\")", "A5", false},
         MatchRow{"TwoNumbers", "STD", "%[0,9]\"X\"%", "3X12", true, {3, 0, 12}, {1, 1, 1}},
         MatchRow{"TwoMissingNumbers", "STD", "%%\"A\"", "A", true, {0, 0, 0}, {0, 0, 1}},
-        MatchRow{"AsAnAlternative", "STD", "\"A\"(|%[1,3]|\"X\")", "A2", true, {0, 0, 0, 2, 0, 0, 0},
-                 {1, 0, 0, 1, 0, 0, 0}},
-        MatchRow{"OutOfRangeAlternativeKeepsItsValue", "STD", "\"A\"(|%[1,3]|\"7\")", "A7", true,
-                 {0, 0, 0, 7, 0, 0, 0}, {1, 0, 0, 0, 0, 1, 0}},
-        MatchRow{"UnreadableAlternative", "STD", "\"A\"(|%|\"X\")", "AX", true, {0, 0, 0, 0, 0, 0, 0},
+        MatchRow{
+            "AsAnAlternative", "STD", "\"A\"(|%[1,3]|\"X\")", "A2", true, {0, 0, 0, 2, 0, 0, 0}, {1, 0, 0, 1, 0, 0, 0}},
+        MatchRow{"OutOfRangeAlternativeKeepsItsValue",
+                 "STD",
+                 "\"A\"(|%[1,3]|\"7\")",
+                 "A7",
+                 true,
+                 {0, 0, 0, 7, 0, 0, 0},
                  {1, 0, 0, 0, 0, 1, 0}},
-        MatchRow{"AlternativeAtTheEndOfTheCode", "STD", "\"A\"(|%|\"\")", "A", true, {0, 0, 0, 0, 0, 0, 0},
+        MatchRow{"UnreadableAlternative",
+                 "STD",
+                 "\"A\"(|%|\"X\")",
+                 "AX",
+                 true,
+                 {0, 0, 0, 0, 0, 0, 0},
+                 {1, 0, 0, 0, 0, 1, 0}},
+        MatchRow{"AlternativeAtTheEndOfTheCode",
+                 "STD",
+                 "\"A\"(|%|\"\")",
+                 "A",
+                 true,
+                 {0, 0, 0, 0, 0, 0, 0},
                  {1, 0, 0, 0, 0, 1, 0}}),
     Name);
 
@@ -227,49 +215,73 @@ INSTANTIATE_TEST_SUITE_P(
         MatchRow{"JustBelowTheRange", "STD", "$[1,3]", "0.99", false},
         MatchRow{"OutOfRangeFailsBeforeTheLiteral", "STD", "$[1,3]\"5X\"", "5X", false},
         MatchRow{"CodeEndsAtTheParameter", "STD", "\"A\"$", "A", false},
-        MatchRow{"OutOfRangeAlternative", "STD", "(|$[1,3]|\"5X\")", "5X", true, {0, 0, 5, 0, 0, 0},
-                 {0, 0, 0, 0, 1, 0}},
+        MatchRow{
+            "OutOfRangeAlternative", "STD", "(|$[1,3]|\"5X\")", "5X", true, {0, 0, 5, 0, 0, 0}, {0, 0, 0, 0, 1, 0}},
         // The value that the level read last stands in for one that cannot be read.
         MatchRow{"UnreadableKeepsTheValueOfTheLevel", "STD", "$\"A\"$", "5AB", true, {5, 0, 5}, {1, 1, 1}},
         MatchRow{"GroupStartsFromZero", "STD", "$\"A\"($)", "5AB", true, {5, 0, 0, 0, 0}, {1, 1, 0, 1, 0}},
-        MatchRow{"AlternativeAtTheEndOfTheCode", "STD", "\"A\"(|$|\"\")", "A", true, {0, 0, 0, 0, 0, 0, 0},
+        MatchRow{"AlternativeAtTheEndOfTheCode",
+                 "STD",
+                 "\"A\"(|$|\"\")",
+                 "A",
+                 true,
+                 {0, 0, 0, 0, 0, 0, 0},
                  {1, 0, 0, 0, 0, 1, 0}}),
     Name);
 
 INSTANTIATE_TEST_SUITE_P(
     Alternatives, MatchTest,
     testing::Values(
-        MatchRow{"First", "STD", "\"M\"(|\"A\"|\"B\")%", "MA5", true, {0, 0, 0, 0, 0, 0, 0, 5},
-                 {1, 0, 0, 1, 0, 0, 0, 1}},
-        MatchRow{"Second", "STD", "\"M\"(|\"A\"|\"B\")%", "MB5", true, {0, 0, 0, 0, 0, 0, 0, 5},
-                 {1, 0, 0, 0, 0, 1, 0, 1}},
+        MatchRow{
+            "First", "STD", "\"M\"(|\"A\"|\"B\")%", "MA5", true, {0, 0, 0, 0, 0, 0, 0, 5}, {1, 0, 0, 1, 0, 0, 0, 1}},
+        MatchRow{
+            "Second", "STD", "\"M\"(|\"A\"|\"B\")%", "MB5", true, {0, 0, 0, 0, 0, 0, 0, 5}, {1, 0, 0, 0, 0, 1, 0, 1}},
         MatchRow{"None", "STD", "\"M\"(|\"A\"|\"B\")%", "M5", false},
         MatchRow{"CodeEndsBehindTheGroup", "STD", "\"M\"(|\"A\"|\"B\")%", "MA", false},
         MatchRow{"SecondAlone", "STD", "(|\"A\"|\"B\")", "B", true, {0, 0, 0, 0, 0, 0}, {0, 0, 0, 0, 1, 0}},
         MatchRow{"NeitherAlone", "STD", "(|\"A\"|\"B\")", "C", false},
-        MatchRow{"WithoutTheFirstMarkTheFirstIsRequired", "STD", "(\"A\"|\"B\")", "A", true, {0, 0, 0, 0, 0},
+        MatchRow{"WithoutTheFirstMarkTheFirstIsRequired",
+                 "STD",
+                 "(\"A\"|\"B\")",
+                 "A",
+                 true,
+                 {0, 0, 0, 0, 0},
                  {0, 1, 0, 0, 0}},
         MatchRow{"WithoutTheFirstMarkTheSecondIsOutOfReach", "STD", "(\"A\"|\"B\")", "B", false},
-        MatchRow{"OptionalLeftOut", "STD", "\"A\"(|\"B\"|\"\")", "A", true, {0, 0, 0, 0, 0, 0, 0},
-                 {1, 0, 0, 0, 0, 1, 0}},
-        MatchRow{"OptionalTaken", "STD", "\"A\"(|\"B\"|\"\")", "AB", true, {0, 0, 0, 0, 0, 0, 0},
-                 {1, 0, 0, 1, 0, 0, 0}},
+        MatchRow{
+            "OptionalLeftOut", "STD", "\"A\"(|\"B\"|\"\")", "A", true, {0, 0, 0, 0, 0, 0, 0}, {1, 0, 0, 0, 0, 1, 0}},
+        MatchRow{
+            "OptionalTaken", "STD", "\"A\"(|\"B\"|\"\")", "AB", true, {0, 0, 0, 0, 0, 0, 0}, {1, 0, 0, 1, 0, 0, 0}},
         MatchRow{"OptionalOther", "STD", "\"A\"(|\"B\"|\"\")", "AC", false},
         MatchRow{"ShorterFirstWinsAndIsNotTakenBack", "STD", "(|\"A\"|\"AB\")\"C\"", "ABC", false},
-        MatchRow{"LongerFirst", "STD", "(|\"AB\"|\"A\")\"C\"", "ABC", true, {0, 0, 0, 0, 0, 0, 0},
-                 {0, 0, 1, 0, 0, 0, 1}},
-        MatchRow{"LongerFirstTakesTheShorter", "STD", "(|\"AB\"|\"A\")\"C\"", "AC", true, {0, 0, 0, 0, 0, 0, 0},
+        MatchRow{
+            "LongerFirst", "STD", "(|\"AB\"|\"A\")\"C\"", "ABC", true, {0, 0, 0, 0, 0, 0, 0}, {0, 0, 1, 0, 0, 0, 1}},
+        MatchRow{"LongerFirstTakesTheShorter",
+                 "STD",
+                 "(|\"AB\"|\"A\")\"C\"",
+                 "AC",
+                 true,
+                 {0, 0, 0, 0, 0, 0, 0},
                  {0, 0, 0, 0, 1, 0, 1}},
-        MatchRow{"GroupAsAlternativeFailsAndIsCleared", "STD", "(|(\"A\"\"C\")|\"AD\")", "AD", true,
-                 {0, 0, 0, 0, 0, 0, 0, 0, 0}, {0, 0, 0, 0, 0, 0, 0, 1, 0}},
-        MatchRow{"GroupAsAlternativeMatches", "STD", "(|(\"A\"\"C\")|\"AD\")", "AC", true,
-                 {0, 0, 0, 0, 0, 0, 0, 0, 0}, {0, 0, 0, 1, 1, 0, 0, 0, 0}},
+        MatchRow{"GroupAsAlternativeFailsAndIsCleared",
+                 "STD",
+                 "(|(\"A\"\"C\")|\"AD\")",
+                 "AD",
+                 true,
+                 {0, 0, 0, 0, 0, 0, 0, 0, 0},
+                 {0, 0, 0, 0, 0, 0, 0, 1, 0}},
+        MatchRow{"GroupAsAlternativeMatches",
+                 "STD",
+                 "(|(\"A\"\"C\")|\"AD\")",
+                 "AC",
+                 true,
+                 {0, 0, 0, 0, 0, 0, 0, 0, 0},
+                 {0, 0, 0, 1, 1, 0, 0, 0, 0}},
         MatchRow{"EmptyLiteralFirstWinsOverAll", "STD", "\"A\"(|\"\"|\"B\")", "AB", false},
         MatchRow{"AlternativesWithoutAGroup", "STD", "|\"A\"|\"B\"", "B", true, {0, 0, 0, 0}, {0, 0, 0, 1}},
         // Without a group the end of the pattern ends the walk, matched or not.
         MatchRow{"AlternativesWithoutAGroupNoneMatches", "STD", "|\"A\"|\"B\"", "C", false},
-        MatchRow{"UnknownInALaterAlternative", "STD", "(|\"A\"|x)", "A", true, {0, 0, 0, 0, 0, 0},
-                 {0, 0, 1, 0, 0, 0}},
+        MatchRow{"UnknownInALaterAlternative", "STD", "(|\"A\"|x)", "A", true, {0, 0, 0, 0, 0, 0}, {0, 0, 1, 0, 0, 0}},
         MatchRow{"UnknownInAnEarlierAlternative", "STD", "(|x|\"A\")", "A", false}),
     Name);
 
@@ -282,7 +294,12 @@ INSTANTIATE_TEST_SUITE_P(
         MatchRow{"EmptyGroup", "STD", "\"A\"()\"B\"", "AB", true, {0, 0, 0, 0}, {1, 0, 0, 1}},
         MatchRow{"EmptyGroupAtTheEnd", "STD", "\"A\"()", "A", true, {0, 0, 0}, {1, 0, 0}},
         MatchRow{"MissingNumberInAGroup", "STD", "\"A\"(%)\"B\"", "AB", true, {0, 0, 0, 0, 0}, {1, 0, 0, 0, 1}},
-        MatchRow{"InnerGroupsAreNotAsked", "STD", "(\"A\"(%)\"B\")", "AB", true, {0, 0, 0, 0, 0, 0, 0},
+        MatchRow{"InnerGroupsAreNotAsked",
+                 "STD",
+                 "(\"A\"(%)\"B\")",
+                 "AB",
+                 true,
+                 {0, 0, 0, 0, 0, 0, 0},
                  {0, 1, 0, 0, 0, 1, 0}},
         MatchRow{"EmptyLiteralCountsAsMatched", "STD", "(\"A\"\"\")", "A", true, {0, 0, 0, 0}, {0, 1, 1, 0}},
         MatchRow{"NestedGroups", "STD", "((\"A\"))", "A", true, {0, 0, 0, 0, 0}, {0, 0, 1, 0, 0}},
@@ -314,10 +331,15 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     ChainsOfSam, MatchTest,
     testing::Values(
-        MatchRow{"SecondAlternative", "SAM", "\"X\"(|\"Y\"|\"Z\")", "X+Z", true, {0, 0, 0, 0, 0, 0, 0},
+        MatchRow{"SecondAlternative",
+                 "SAM",
+                 "\"X\"(|\"Y\"|\"Z\")",
+                 "X+Z",
+                 true,
+                 {0, 0, 0, 0, 0, 0, 0},
                  {1, 0, 0, 0, 0, 1, 0}},
-        MatchRow{"PlusAtTheEnd", "SAM", "\"X\"(|\"Y\"|\"Z\")", "X+Z+", true, {0, 0, 0, 0, 0, 0, 0},
-                 {1, 0, 0, 0, 0, 1, 0}},
+        MatchRow{
+            "PlusAtTheEnd", "SAM", "\"X\"(|\"Y\"|\"Z\")", "X+Z+", true, {0, 0, 0, 0, 0, 0, 0}, {1, 0, 0, 0, 0, 1, 0}},
         MatchRow{"WithoutPlus", "SAM", "\"X\"(|\"Y\"|\"Z\")", "XZ", false},
         MatchRow{"WholeParts", "SAM", "\"ABC\"\"D\"", "ABC+D", true, {0, 0}, {1, 1}},
         MatchRow{"PartIsShorter", "SAM", "\"ABC\"\"D\"", "AB+D", false},
@@ -453,138 +475,6 @@ TEST_F(OneLevelTest, TokensMadeByHand) {
   EXPECT_EQ(_Services.GetDataCardCodeScan("A3", tokens, consumed), tokens + 2);
   EXPECT_EQ(consumed, 2);
   EXPECT_EQ(tokens[1]._IntValue, 3);
-}
-
-// ---------------------------------------------------------------------------------------------------------- Big input
-
-class BigPatternTest : public support::ServiceTest {
- protected:
-  Outcome CheckBig(const std::string& code, const std::string& pattern) {
-    return Check(_Services, code, pattern, static_cast<int>(pattern.size()) + 1);
-  }
-
-  VEXSTMTimeAnalysisDlgServices _Services;
-};
-
-TEST_F(BigPatternTest, HundredThousandTokens) {
-  const Outcome outcome = CheckBig(Repeat("A", 100000), Repeat("\"A\"", 100000));
-  EXPECT_TRUE(outcome.matched);
-  EXPECT_EQ(outcome.count, 100000);
-  EXPECT_EQ(outcome.flags[99999], 1);
-  EXPECT_FALSE(CheckBig(Repeat("A", 99999), Repeat("\"A\"", 100000)).matched);
-}
-
-TEST_F(BigPatternTest, HundredThousandUnknownTokens) { EXPECT_FALSE(CheckBig("A", std::string(100000, 'x')).matched); }
-
-TEST_F(BigPatternTest, HundredThousandNestedGroups) {
-  const std::string open = Repeat("(", 100000);
-  const std::string close = Repeat(")", 100000);
-  const Outcome outcome = CheckBig("A", open + "\"A\"" + close);
-  EXPECT_TRUE(outcome.matched);
-  EXPECT_EQ(outcome.count, 200001);
-  EXPECT_EQ(outcome.flags[100000], 1);
-  EXPECT_FALSE(CheckBig("B", open + "\"A\"" + close).matched);
-  EXPECT_TRUE(CheckBig("A", open + "\"A\"").matched);
-  EXPECT_FALSE(CheckBig("A", open).matched);
-  EXPECT_FALSE(CheckBig("A", close).matched);
-}
-
-TEST_F(BigPatternTest, FiftyThousandNestedSequences) {
-  const std::string pattern = Repeat("(\"A\"", 50000) + Repeat(")", 50000);
-  const Outcome outcome = CheckBig(Repeat("A", 50000), pattern);
-  EXPECT_TRUE(outcome.matched);
-  EXPECT_EQ(outcome.count, 150000);
-  EXPECT_EQ(outcome.flags[99999], 1);
-  EXPECT_FALSE(CheckBig(Repeat("A", 49999), pattern).matched);
-  EXPECT_FALSE(CheckBig(Repeat("A", 50001), pattern).matched);
-}
-
-TEST_F(BigPatternTest, FiftyThousandSequencesThatCloseBehindALiteral) {
-  const std::string pattern = Repeat("(\"A\"", 50000) + Repeat("\"B\")", 50000);
-  EXPECT_TRUE(CheckBig(Repeat("A", 50000) + Repeat("B", 50000), pattern).matched);
-  EXPECT_FALSE(CheckBig(Repeat("A", 50000) + Repeat("B", 49999), pattern).matched);
-}
-
-TEST_F(BigPatternTest, FiftyThousandNestedAlternativesThatAllFail) {
-  EXPECT_FALSE(CheckBig("B", Repeat("(|", 50000) + "\"A\"" + Repeat(")", 50000)).matched);
-}
-
-TEST_F(BigPatternTest, FiftyThousandNestedAlternativesWithAnOther) {
-  const std::string pattern = Repeat("(|", 50000) + "\"A\"" + Repeat("|\"B\")", 50000);
-  EXPECT_TRUE(CheckBig("A", pattern).matched);
-  EXPECT_TRUE(CheckBig("B", pattern).matched);
-  EXPECT_FALSE(CheckBig("C", pattern).matched);
-}
-
-TEST_F(BigPatternTest, HundredThousandAlternatives) {
-  const std::string pattern = "(" + Repeat("|\"A\"", 100000) + "|\"B\")";
-  EXPECT_TRUE(CheckBig("A", pattern).matched);
-  EXPECT_TRUE(CheckBig("B", pattern).matched);
-  EXPECT_FALSE(CheckBig("C", pattern).matched);
-}
-
-TEST_F(BigPatternTest, HundredThousandCharactersInACode) {
-  EXPECT_FALSE(CheckBig(std::string(100000, 'A'), "\"A\"%").matched);
-  EXPECT_TRUE(CheckBig(std::string(100000, 'A'), "\"" + std::string(100000, 'A') + "\"").matched);
-}
-
-TEST_F(BigPatternTest, HundredThousandPartsOfSam) {
-  support::Select(_Services, "SAM");
-  EXPECT_TRUE(CheckBig(Repeat("A+", 100000), Repeat("\"A\"", 100000)).matched);
-  EXPECT_FALSE(CheckBig(std::string(100000, '+'), Repeat("\"A\"", 100000)).matched);
-}
-
-// An integer beyond 64 bits counts as the nearest one, of which the low 32 bits count; its printed form is shorter
-// than what was typed.
-TEST_F(BigPatternTest, LongDigitStrings) {
-  const std::string digits(100000, '9');
-  EXPECT_FALSE(CheckBig(digits, "%").matched);
-  EXPECT_FALSE(CheckBig(digits, "$").matched);
-  EXPECT_FALSE(CheckBig("A" + digits, "\"A\"%[1,80]").matched);
-  EXPECT_FALSE(CheckBig("5", "%[" + digits + "," + digits + "]").matched);
-  EXPECT_TRUE(CheckBig(digits, "\"" + digits + "\"").matched);
-}
-
-TEST_F(BigPatternTest, InfinityAndNoNumber) {
-  EXPECT_FALSE(CheckBig("INF", "$").matched);
-  // No number lies neither below nor above a bound; it is printed as it is read.
-  EXPECT_TRUE(CheckBig("NAN", "$").matched);
-}
-
-TEST_F(BigPatternTest, BytesThatAreNoUtf8EndQuickly) {
-  EXPECT_FALSE(CheckBig("\xFF\xFE\x80", "\"A\"%").matched);
-  EXPECT_FALSE(CheckBig("A", "\xFF\x80(").matched);
-  EXPECT_FALSE(CheckBig("A", "\"\xC3").matched);
-}
-
-TEST_F(BigPatternTest, ManyPatternsAreAllAnsweredRightly) {
-  for (int number = 0; number < 20000; ++number) {
-    const std::string literal = "C" + std::to_string(number) + "X";
-    const Outcome outcome = Check(_Services, literal + "5", "\"" + literal + "\"%");
-    ASSERT_TRUE(outcome.matched) << number;
-    ASSERT_EQ(outcome.values[1], 5.0);
-  }
-  EXPECT_TRUE(Check(_Services, "C0X7", "\"C0X\"%").matched);
-  EXPECT_FALSE(Check(_Services, "C0Y7", "\"C0X\"%").matched);
-}
-
-TEST_F(BigPatternTest, RememberedPatternsFollowTheSystem) {
-  EXPECT_FALSE(Check(_Services, "X+Z", "\"X\"\"Z\"").matched);
-  support::Select(_Services, "SAM");
-  EXPECT_TRUE(Check(_Services, "X+Z", "\"X\"\"Z\"").matched);
-  support::Select(_Services, "STD");
-  EXPECT_FALSE(Check(_Services, "X+Z", "\"X\"\"Z\"").matched);
-}
-
-TEST_F(BigPatternTest, CopiesMatchOnTheirOwn) {
-  EXPECT_TRUE(Check(_Services, "GR5", "\"GR\"%").matched);
-  auto copy = std::make_unique<VEXSTMTimeAnalysisDlgServices>(_Services);
-  EXPECT_TRUE(Check(*copy, "GR5", "\"GR\"%").matched);
-  VEXSTMTimeAnalysisDlgServices assigned;
-  assigned = *copy;
-  copy.reset();
-  EXPECT_TRUE(Check(assigned, "GR5", "\"GR\"%").matched);
-  EXPECT_TRUE(Check(_Services, "GR5", "\"GR\"%").matched);
 }
 
 }  // namespace

@@ -56,8 +56,8 @@ class DataCardScanTest : public support::ServiceTest {
   void Scan(const std::string& inner) {
     int card_count = 0;
     int entry_count = 0;
-    ASSERT_EQ(_Services.ReadDCFromFile(Unicode(_Folder.Write("dc_cards.xml", support::DataCardFile(inner))),
-                                       card_count, entry_count),
+    ASSERT_EQ(_Services.ReadDCFromFile(Unicode(_Folder.Write("dc_cards.xml", support::DataCardFile(inner))), card_count,
+                                       entry_count),
               S_OK);
     _EntryCounts.assign(static_cast<std::size_t>(card_count), -1);
     VEXSTMDataCardScan* scans = nullptr;
@@ -97,18 +97,30 @@ INSTANTIATE_TEST_SUITE_P(
     Texts, CardCodeTest,
     testing::Values(
         CardCodeRow{"AllFields",
-                    Elements({{"CODE", "GR"}, {"LABEL", "Grasp"}, {"SUBLABEL", "small"}, {"FRAMETITLE", "Hand"},
-                              {"RANGE", "1-80"}, {"TAB", "1"}, {"FRAME", "2"}, {"ROW", "3"}, {"COLUMN", "4"}}),
+                    Elements({{"CODE", "GR"},
+                              {"LABEL", "Grasp"},
+                              {"SUBLABEL", "small"},
+                              {"FRAMETITLE", "Hand"},
+                              {"RANGE", "1-80"},
+                              {"TAB", "1"},
+                              {"FRAME", "2"},
+                              {"ROW", "3"},
+                              {"COLUMN", "4"}}),
                     {"GR", "Grasp", "small", "Hand", "1-80", 1, 2, 3, 4}},
         CardCodeRow{"NoKnownElement", Elements({{"TIME", "1"}, {"TEXT", "x"}}), {}},
         CardCodeRow{"NothingAtAll", "", {}},
         CardCodeRow{"FirstTextStays", Elements({{"LABEL", "A"}, {"LABEL", "B"}}), {.label = "A"}},
         CardCodeRow{"EmptyTextLeavesRoom", Elements({{"LABEL", ""}, {"LABEL", "B"}, {"LABEL", "C"}}), {.label = "B"}},
-        CardCodeRow{"EmptyCodeIsPassedOver", Elements({{"CODE", ""}, {"LABEL", "A"}, {"CODE", "X"}, {"CODE", "Y"}}),
+        CardCodeRow{"EmptyCodeIsPassedOver",
+                    Elements({{"CODE", ""}, {"LABEL", "A"}, {"CODE", "X"}, {"CODE", "Y"}}),
                     {.code = "X", .label = "A"}},
         CardCodeRow{"EachTextKeepsItsFirst",
-                    Elements({{"SUBLABEL", "a"}, {"FRAMETITLE", "b"}, {"RANGE", "c"}, {"SUBLABEL", "x"},
-                              {"FRAMETITLE", "y"}, {"RANGE", "z"}}),
+                    Elements({{"SUBLABEL", "a"},
+                              {"FRAMETITLE", "b"},
+                              {"RANGE", "c"},
+                              {"SUBLABEL", "x"},
+                              {"FRAMETITLE", "y"},
+                              {"RANGE", "z"}}),
                     {.sub_label = "a", .frame_title = "b", .range = "c"}},
         CardCodeRow{"TextsAreNotTrimmed", Elements({{"LABEL", " #A "}}), {.label = " #A "}},
         CardCodeRow{"FirstChildOnly", "<LABEL>A<X/>B</LABEL>", {.label = "A"}},
@@ -159,19 +171,22 @@ TEST_F(DataCardScanTest, CardsStandOneBehindTheOther) {
        CardEntry("C") + "<DESCRIPTION>Second</DESCRIPTION>" + CardEntry("D") + CardEntry("E") + "</DATACARD></G>");
   EXPECT_EQ(_EntryCounts, (std::vector<int>{2, 3}));
   EXPECT_EQ(Texts(_Descriptions), (std::vector<std::string>{"First", "Second"}));
-  EXPECT_EQ(Codes(5), (std::vector<CardCode>{{.code = "A"}, {.code = "B"}, {.code = "C"}, {.code = "D"}, {.code = "E"}}));
+  EXPECT_EQ(Codes(5),
+            (std::vector<CardCode>{{.code = "A"}, {.code = "B"}, {.code = "C"}, {.code = "D"}, {.code = "E"}}));
 }
 
 TEST_F(DataCardScanTest, CardWithoutDescriptionLetsTheLaterOnesMoveUp) {
-  Scan("<DATACARD><DESCRIPTION>First</DESCRIPTION></DATACARD><DATACARD/>"
-       "<DATACARD><DESCRIPTION>Third</DESCRIPTION></DATACARD>");
+  Scan(
+      "<DATACARD><DESCRIPTION>First</DESCRIPTION></DATACARD><DATACARD/>"
+      "<DATACARD><DESCRIPTION>Third</DESCRIPTION></DATACARD>");
   EXPECT_EQ(_EntryCounts, (std::vector<int>{0, 0, 0}));
   EXPECT_EQ(Texts(_Descriptions), (std::vector<std::string>{"First", "Third"}));
 }
 
 TEST_F(DataCardScanTest, EachDescriptionWithATextCounts) {
-  Scan("<DATACARD><DESCRIPTION/><DESCRIPTION>A</DESCRIPTION><DESCRIPTION>B</DESCRIPTION>"
-       "<X><DESCRIPTION>nested</DESCRIPTION></X></DATACARD>");
+  Scan(
+      "<DATACARD><DESCRIPTION/><DESCRIPTION>A</DESCRIPTION><DESCRIPTION>B</DESCRIPTION>"
+      "<X><DESCRIPTION>nested</DESCRIPTION></X></DATACARD>");
   EXPECT_EQ(Texts(_Descriptions), (std::vector<std::string>{"A", "B"}));
 }
 

@@ -41,8 +41,8 @@ struct Record {
   friend std::ostream& operator<<(std::ostream& out, const Record& record) {
     for (const std::string* field :
          {&record.code_id, &record.code, &record.text, &record.local_text, &record.value_added, &record.frequency,
-          &record.time, &record.par1_start, &record.par1_end, &record.pattern, &record.time_type,
-          &record.option_par_id, &record.option_time, &record.option_id}) {
+          &record.time, &record.par1_start, &record.par1_end, &record.pattern, &record.time_type, &record.option_par_id,
+          &record.option_time, &record.option_id}) {
       out << '[' << *field << ']';
     }
     return out;
@@ -102,83 +102,132 @@ TEST_P(EntryTest, BecomesARecordAndLeavesItsNeighboursAlone) {
   EXPECT_EQ(RecordOf(*_Services.GetDCEntry(2)), expected_neighbour);
 }
 
-std::string Head() { return Elements({{"CODE_ID", "1"}, {"CODE", "A"}}); }
+std::string Head() {
+  return Elements({{"CODE_ID", "1"}, {"CODE", "A"}});
+}
 
 INSTANTIATE_TEST_SUITE_P(
     Texts, EntryTest,
     testing::Values(
         // A made-up code with a number and one option.
         EntryRow{"AllFieldsWithoutPattern",
-                 Elements({{"CODE_ID", "4711"}, {"CODE", "GR"}, {"TEXT", "#Grasp small part"},
-                           {"LOCALTEXT", "#Kleinteil greifen"}, {"VALUEADDED", "VA"}, {"FREQUENCY", "1"},
-                           {"TIME", "2*$1$"}, {"PAR_1_START", "1"}, {"PAR_1_END", "80"}, {"TIMETYPE", "TTB"}}) +
+                 Elements({{"CODE_ID", "4711"},
+                           {"CODE", "GR"},
+                           {"TEXT", "#Grasp small part"},
+                           {"LOCALTEXT", "#Kleinteil greifen"},
+                           {"VALUEADDED", "VA"},
+                           {"FREQUENCY", "1"},
+                           {"TIME", "2*$1$"},
+                           {"PAR_1_START", "1"},
+                           {"PAR_1_END", "80"},
+                           {"TIMETYPE", "TTB"}}) +
                      OptionElement({{"PAR_ID", "2"}, {"TIME", "+3"}, {"OPTION_ID", "4"}}),
-                 {.code_id = "4711", .code = "GR", .text = "Grasp small part", .local_text = "Kleinteil greifen",
-                  .value_added = "VA", .frequency = "1", .time = "2*$1$", .par1_start = "1", .par1_end = "80",
-                  .time_type = "TTB", .option_par_id = "2", .option_time = "+3", .option_id = "4"}},
+                 {.code_id = "4711",
+                  .code = "GR",
+                  .text = "Grasp small part",
+                  .local_text = "Kleinteil greifen",
+                  .value_added = "VA",
+                  .frequency = "1",
+                  .time = "2*$1$",
+                  .par1_start = "1",
+                  .par1_end = "80",
+                  .time_type = "TTB",
+                  .option_par_id = "2",
+                  .option_time = "+3",
+                  .option_id = "4"}},
         EntryRow{"HeadAlone", Head(), {.code_id = "1", .code = "A"}},
-        EntryRow{"HashesAtTheHead", Head() + Element("TEXT", "###Grasp"),
-                 {.code_id = "1", .code = "A", .text = "Grasp"}},
-        EntryRow{"HashInTheMiddle", Head() + Element("TEXT", "Grasp #2#"),
+        EntryRow{
+            "HashesAtTheHead", Head() + Element("TEXT", "###Grasp"), {.code_id = "1", .code = "A", .text = "Grasp"}},
+        EntryRow{"HashInTheMiddle",
+                 Head() + Element("TEXT", "Grasp #2#"),
                  {.code_id = "1", .code = "A", .text = "Grasp #2#"}},
         EntryRow{"HashesAlone", Head() + Element("TEXT", "##"), {.code_id = "1", .code = "A"}},
-        EntryRow{"HashBehindABlank", Head() + Element("TEXT", " #Grasp"),
-                 {.code_id = "1", .code = "A", .text = " #Grasp"}},
-        EntryRow{"BlanksStay", Head() + Element("TEXT", "  two words "),
+        EntryRow{
+            "HashBehindABlank", Head() + Element("TEXT", " #Grasp"), {.code_id = "1", .code = "A", .text = " #Grasp"}},
+        EntryRow{"BlanksStay",
+                 Head() + Element("TEXT", "  two words "),
                  {.code_id = "1", .code = "A", .text = "  two words "}},
-        EntryRow{"LineBreaksStay", Head() + Element("TEXT", "one\ntwo\n"),
+        EntryRow{"LineBreaksStay",
+                 Head() + Element("TEXT", "one\ntwo\n"),
                  {.code_id = "1", .code = "A", .text = "one\ntwo\n"}},
-        EntryRow{"HashesOfTheOtherTexts", Head() + Elements({{"LOCALTEXT", "#L#"}, {"VALUEADDED", "##V"}}),
+        EntryRow{"HashesOfTheOtherTexts",
+                 Head() + Elements({{"LOCALTEXT", "#L#"}, {"VALUEADDED", "##V"}}),
                  {.code_id = "1", .code = "A", .local_text = "L#", .value_added = "V"}},
-        EntryRow{"HashesOfOtherFieldsStay", Head() + Elements({{"FREQUENCY", "#1"}, {"TIME", "#2"}, {"TIMETYPE", "#3"}}),
+        EntryRow{"HashesOfOtherFieldsStay",
+                 Head() + Elements({{"FREQUENCY", "#1"}, {"TIME", "#2"}, {"TIMETYPE", "#3"}}),
                  {.code_id = "1", .code = "A", .frequency = "#1", .time = "#2", .time_type = "#3"}},
-        EntryRow{"LaterElementOverwrites", Head() + Elements({{"TIME", "1"}, {"TIME", "2"}, {"CODE", "B"}}),
+        EntryRow{"LaterElementOverwrites",
+                 Head() + Elements({{"TIME", "1"}, {"TIME", "2"}, {"CODE", "B"}}),
                  {.code_id = "1", .code = "B", .time = "2"}},
         EntryRow{"LaterEmptyElementOverwrites",
-                 Head() + Elements({{"TEXT", "t"}, {"TEXT", ""}, {"LOCALTEXT", "l"}, {"LOCALTEXT", ""},
-                                    {"VALUEADDED", "v"}, {"VALUEADDED", ""}, {"FREQUENCY", "1"}, {"FREQUENCY", ""},
-                                    {"TIME", "2"}, {"TIME", ""}, {"PAR_1_START", "3"}, {"PAR_1_START", ""},
-                                    {"PAR_1_END", "4"}, {"PAR_1_END", ""}}),
+                 Head() + Elements({{"TEXT", "t"},
+                                    {"TEXT", ""},
+                                    {"LOCALTEXT", "l"},
+                                    {"LOCALTEXT", ""},
+                                    {"VALUEADDED", "v"},
+                                    {"VALUEADDED", ""},
+                                    {"FREQUENCY", "1"},
+                                    {"FREQUENCY", ""},
+                                    {"TIME", "2"},
+                                    {"TIME", ""},
+                                    {"PAR_1_START", "3"},
+                                    {"PAR_1_START", ""},
+                                    {"PAR_1_END", "4"},
+                                    {"PAR_1_END", ""}}),
                  {.code_id = "1", .code = "A"}},
-        EntryRow{"EmptyTimeTypeDoesNotOverwrite", Head() + Elements({{"TIMETYPE", "TTB"}, {"TIMETYPE", ""}}),
+        EntryRow{"EmptyTimeTypeDoesNotOverwrite",
+                 Head() + Elements({{"TIMETYPE", "TTB"}, {"TIMETYPE", ""}}),
                  {.code_id = "1", .code = "A", .time_type = "TTB"}},
-        EntryRow{"UnknownElementsArePassedOver", Head() + "<NOTE>x</NOTE>\n  text <TIME>1</TIME><!-- comment -->",
+        EntryRow{"UnknownElementsArePassedOver",
+                 Head() + "<NOTE>x</NOTE>\n  text <TIME>1</TIME><!-- comment -->",
                  {.code_id = "1", .code = "A", .time = "1"}},
-        EntryRow{"AttributesAreNotRead", "<CODE_ID id=\"7\">1</CODE_ID><CODE TIME=\"3\">A</CODE>",
+        EntryRow{"AttributesAreNotRead",
+                 "<CODE_ID id=\"7\">1</CODE_ID><CODE TIME=\"3\">A</CODE>",
                  {.code_id = "1", .code = "A"}},
-        EntryRow{"NamesAreComparedExactly", Head() + Elements({{"Time", "1"}, {"TEXTS", "x"}}),
+        EntryRow{"NamesAreComparedExactly",
+                 Head() + Elements({{"Time", "1"}, {"TEXTS", "x"}}),
                  {.code_id = "1", .code = "A"}},
-        EntryRow{"DeeperNestingIsNotLookedAt", Head() + "<GROUP><TIME>1</TIME></GROUP>",
-                 {.code_id = "1", .code = "A"}},
-        EntryRow{"NumbersStayTexts", Head() + Elements({{"FREQUENCY", "1,50"}, {"PAR_1_START", "x"}}),
+        EntryRow{"DeeperNestingIsNotLookedAt", Head() + "<GROUP><TIME>1</TIME></GROUP>", {.code_id = "1", .code = "A"}},
+        EntryRow{"NumbersStayTexts",
+                 Head() + Elements({{"FREQUENCY", "1,50"}, {"PAR_1_START", "x"}}),
                  {.code_id = "1", .code = "A", .frequency = "1,50", .par1_start = "x"}},
-        EntryRow{"EscapedCharacters", Head() + Element("TEXT", "a<b & c>d"),
+        EntryRow{"EscapedCharacters",
+                 Head() + Element("TEXT", "a<b & c>d"),
                  {.code_id = "1", .code = "A", .text = "a<b & c>d"}},
-        EntryRow{"OtherLetters", Head() + Element("LOCALTEXT", "Hebel dr\xC3\xBC" "cken"),
-                 {.code_id = "1", .code = "A", .local_text = "Hebel dr\xC3\xBC" "cken"}},
+        EntryRow{"OtherLetters",
+                 Head() + Element("LOCALTEXT",
+                                  "Hebel dr\xC3\xBC"
+                                  "cken"),
+                 {.code_id = "1",
+                  .code = "A",
+                  .local_text = "Hebel dr\xC3\xBC"
+                                "cken"}},
         EntryRow{"EntityOfTheFile", Head() + "<TEXT>a&#65;b</TEXT>", {.code_id = "1", .code = "A", .text = "aAb"}},
-        EntryRow{"FirstChildOnly", Head() + "<TEXT>one<B>two</B>three</TEXT>",
-                 {.code_id = "1", .code = "A", .text = "one"}},
+        EntryRow{
+            "FirstChildOnly", Head() + "<TEXT>one<B>two</B>three</TEXT>", {.code_id = "1", .code = "A", .text = "one"}},
         EntryRow{"FirstChildIsAnElement", Head() + "<TEXT><B>two</B>three</TEXT>", {.code_id = "1", .code = "A"}},
-        EntryRow{"SectionAsFirstChild", Head() + "<TEXT><![CDATA[<raw>]]></TEXT>",
+        EntryRow{"SectionAsFirstChild",
+                 Head() + "<TEXT><![CDATA[<raw>]]></TEXT>",
                  {.code_id = "1", .code = "A", .text = "<raw>"}},
-        EntryRow{"BlankAheadOfASection", Head() + "<TEXT> <![CDATA[<raw>]]></TEXT>",
+        EntryRow{"BlankAheadOfASection",
+                 Head() + "<TEXT> <![CDATA[<raw>]]></TEXT>",
                  {.code_id = "1", .code = "A", .text = " "}}),
     [](const auto& row) { return std::string(row.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(
     Identifiers, EntryTest,
     testing::Values(
-        EntryRow{"NothingAtAll", "", {}},
-        EntryRow{"NoKnownElement", "<LABEL>x</LABEL>", {}},
+        EntryRow{"NothingAtAll", "", {}}, EntryRow{"NoKnownElement", "<LABEL>x</LABEL>", {}},
         EntryRow{"NoIdentifier", Elements({{"CODE", "A"}, {"TIME", "1"}}), {}},
-        EntryRow{"NoIdentifierAndAnEmptyCode", Elements({{"CODE", ""}, {"CODE_ID", "1"}}), {}},
+        EntryRow{
+            "EmptyCodeAheadOfTheIdentifierIsPassedOver", Elements({{"CODE", ""}, {"CODE_ID", "1"}}), {.code_id = "1"}},
         EntryRow{"EmptyIdentifier", Elements({{"CODE_ID", ""}, {"CODE", "A"}, {"TIME", "1"}}), {}},
-        EntryRow{"EmptyCodeEndsTheEntry", Elements({{"CODE_ID", "1"}, {"CODE", ""}, {"TIME", "1"}}),
-                 {.code_id = "1"}},
-        EntryRow{"SecondEmptyCodeEndsTheEntry", Head() + Elements({{"CODE", ""}, {"TIME", "1"}}),
+        EntryRow{"EmptyCodeEndsTheEntry", Elements({{"CODE_ID", "1"}, {"CODE", ""}, {"TIME", "1"}}), {.code_id = "1"}},
+        EntryRow{"SecondEmptyCodeEndsTheEntry",
+                 Head() + Elements({{"CODE", ""}, {"TIME", "1"}}),
                  {.code_id = "1", .code = "A"}},
-        EntryRow{"ElementsAheadOfTheIdentifierArePassedOver", Elements({{"TEXT", "x"}, {"TIME", "1"}}) + Head(),
+        EntryRow{"ElementsAheadOfTheIdentifierArePassedOver",
+                 Elements({{"TEXT", "x"}, {"TIME", "1"}}) + Head(),
                  {.code_id = "1", .code = "A"}},
         EntryRow{"SecondIdentifierOpensAFreshRecord",
                  Elements({{"CODE_ID", "1"}, {"CODE", "A"}, {"TIME", "1"}, {"CODE_ID", "2"}, {"TEXT", "x"}}),
@@ -192,31 +241,40 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     Patterns, EntryTest,
     testing::Values(
-        EntryRow{"PairWithEmptySecondPiece", Head() + Elements({{"PATTERN", "\"A\"%"}, {"PATTERN1", ""}}),
+        EntryRow{"PairWithEmptySecondPiece",
+                 Head() + Elements({{"PATTERN", "\"A\"%"}, {"PATTERN1", ""}}),
                  {.code_id = "1", .code = "A", .pattern = "\"A\"%"}},
-        EntryRow{"PairIsJoined", Head() + Elements({{"PATTERN", "\"A\""}, {"PATTERN1", "%"}}),
+        EntryRow{"PairIsJoined",
+                 Head() + Elements({{"PATTERN", "\"A\""}, {"PATTERN1", "%"}}),
                  {.code_id = "1", .code = "A", .pattern = "\"A\"%"}},
-        EntryRow{"LineFeedsAtTheJoint", Head() + Elements({{"PATTERN", "\"A\"\n\n"}, {"PATTERN1", "\n%"}}),
+        EntryRow{"LineFeedsAtTheJoint",
+                 Head() + Elements({{"PATTERN", "\"A\"\n\n"}, {"PATTERN1", "\n%"}}),
                  {.code_id = "1", .code = "A", .pattern = "\"A\"%"}},
-        EntryRow{"LineFeedsEverywhere", Head() + Elements({{"PATTERN", "\n\"A\"\n%\n"}, {"PATTERN1", "\n%\n%\n"}}),
+        EntryRow{"LineFeedsEverywhere",
+                 Head() + Elements({{"PATTERN", "\n\"A\"\n%\n"}, {"PATTERN1", "\n%\n%\n"}}),
                  {.code_id = "1", .code = "A", .pattern = "\"A\"%%%"}},
         EntryRow{"LineFeedsStayWithAnEmptySecondPiece",
                  Head() + Elements({{"PATTERN", "\n\"A\"\n"}, {"PATTERN1", ""}}),
                  {.code_id = "1", .code = "A", .pattern = "\n\"A\"\n"}},
-        EntryRow{"BlanksStay", Head() + Elements({{"PATTERN", " \"A\" "}, {"PATTERN1", " % "}}),
+        EntryRow{"BlanksStay",
+                 Head() + Elements({{"PATTERN", " \"A\" "}, {"PATTERN1", " % "}}),
                  {.code_id = "1", .code = "A", .pattern = " \"A\"  % "}},
-        EntryRow{"EmptyFirstPiece", Head() + Elements({{"PATTERN", ""}, {"PATTERN1", "%"}}),
+        EntryRow{"EmptyFirstPiece",
+                 Head() + Elements({{"PATTERN", ""}, {"PATTERN1", "%"}}),
                  {.code_id = "1", .code = "A", .pattern = "%"}},
-        EntryRow{"BothPiecesEmpty", Head() + Elements({{"PATTERN", ""}, {"PATTERN1", ""}}),
-                 {.code_id = "1", .code = "A"}},
-        EntryRow{"SecondPieceOfALineFeed", Head() + Elements({{"PATTERN", "%\n"}, {"PATTERN1", "\n"}}),
+        EntryRow{
+            "BothPiecesEmpty", Head() + Elements({{"PATTERN", ""}, {"PATTERN1", ""}}), {.code_id = "1", .code = "A"}},
+        EntryRow{"SecondPieceOfALineFeed",
+                 Head() + Elements({{"PATTERN", "%\n"}, {"PATTERN1", "\n"}}),
                  {.code_id = "1", .code = "A", .pattern = "%"}},
-        EntryRow{"NoSecondPieceLosesWhatFollows", Head() + Elements({{"PATTERN", "%"}, {"TIME", "1"}, {"TEXT", "x"}}),
+        EntryRow{"NoSecondPieceLosesWhatFollows",
+                 Head() + Elements({{"PATTERN", "%"}, {"TIME", "1"}, {"TEXT", "x"}}),
                  {.code_id = "1", .code = "A"}},
         EntryRow{"WhatLiesBetweenIsLost",
                  Head() + Elements({{"PATTERN", "%"}, {"TIMETYPE", "TTB"}, {"PATTERN1", ""}, {"TIME", "1"}}),
                  {.code_id = "1", .code = "A", .time = "1", .pattern = "%"}},
-        EntryRow{"SecondPieceAheadIsPassedOver", Head() + Elements({{"PATTERN1", "x"}, {"TIME", "1"}}),
+        EntryRow{"SecondPieceAheadIsPassedOver",
+                 Head() + Elements({{"PATTERN1", "x"}, {"TIME", "1"}}),
                  {.code_id = "1", .code = "A", .time = "1"}},
         EntryRow{"SecondPairOverwrites",
                  Head() + Elements({{"PATTERN", "%"}, {"PATTERN1", ""}, {"PATTERN", "$"}, {"PATTERN1", ""}}),
@@ -250,9 +308,11 @@ INSTANTIATE_TEST_SUITE_P(
                  Head() + OptionElement({{"OPTION_ID", "4"}, {"NAME", "x"}, {"PAR_ID", "2"}}),
                  {.code_id = "1", .code = "A", .option_par_id = "2", .option_id = "4"}},
         EntryRow{"EmptyOption", Head() + "<OPTION/>", {.code_id = "1", .code = "A"}},
-        EntryRow{"OptionFieldsOutsideAnOption", Head() + Elements({{"PAR_ID", "2"}, {"OPTION_ID", "4"}}),
+        EntryRow{"OptionFieldsOutsideAnOption",
+                 Head() + Elements({{"PAR_ID", "2"}, {"OPTION_ID", "4"}}),
                  {.code_id = "1", .code = "A"}},
-        EntryRow{"OptionAheadOfTheIdentifierIsPassedOver", OptionElement({{"PAR_ID", "2"}}) + Head(),
+        EntryRow{"OptionAheadOfTheIdentifierIsPassedOver",
+                 OptionElement({{"PAR_ID", "2"}}) + Head(),
                  {.code_id = "1", .code = "A"}}),
     [](const auto& row) { return std::string(row.param.name); });
 
@@ -331,7 +391,8 @@ TEST_F(EntryReaderTest, ReadingDoesNotSetTheSystem) {
 
 TEST_F(EntryReaderTest, LongTextsAreKeptWhole) {
   const std::string long_text(1000000, 'x');
-  EXPECT_EQ(Read(_Folder.Write("long.xml", support::DataCardFile(Container("DATACARDENTRY", Head() + Element("TEXT", long_text))))),
+  EXPECT_EQ(Read(_Folder.Write("long.xml",
+                               support::DataCardFile(Container("DATACARDENTRY", Head() + Element("TEXT", long_text))))),
             S_OK);
   ASSERT_EQ(_Services.GetDCEntriesCount(), 1);
   EXPECT_EQ(Text(_Services.GetDCEntry(0)->_Text), long_text);
@@ -381,73 +442,6 @@ TEST_F(EntryReaderTest, AssignmentReplacesTheTable) {
   other = VEXSTMTimeAnalysisDlgServices();
   EXPECT_EQ(other.GetDCEntriesCount(), 0);
   EXPECT_EQ(_Services.GetDCEntriesCount(), 3);
-}
-
-// -------------------------------------------------------------------------------------------- Counts of a card file
-
-class CardCountTest : public EntryReaderTest {
- protected:
-  long ReadCards(const std::string& path) {
-    return _Services.ReadDCFromFile(Unicode(path), _CardCount, _EntryCount);
-  }
-
-  int _CardCount = -7;
-  int _EntryCount = -8;
-};
-
-TEST_F(CardCountTest, CardsAndEntriesAnywhereBelowTheRootAreCounted) {
-  const std::string text =
-      "<R><G><DATACARD><DATACARDENTRY/><X><DATACARDENTRY/></X></DATACARD></G><DATACARD/><DATACARDENTRY/></R>";
-  EXPECT_EQ(ReadCards(_Folder.Write("cards.xml", text)), S_OK);
-  EXPECT_EQ(_CardCount, 2);
-  EXPECT_EQ(_EntryCount, 3);
-}
-
-TEST_F(CardCountTest, CardsWithoutEntries) {
-  EXPECT_EQ(ReadCards(_Folder.Write("cards.xml", "<R><DATACARD/><DATACARD/></R>")), S_OK);
-  EXPECT_EQ(_CardCount, 2);
-  EXPECT_EQ(_EntryCount, 0);
-}
-
-TEST_F(CardCountTest, FileWithoutCards) {
-  EXPECT_EQ(ReadCards(_Folder.Write("cards.xml", "<R/>")), S_OK);
-  EXPECT_EQ(_CardCount, 0);
-  EXPECT_EQ(_EntryCount, 0);
-}
-
-TEST_F(CardCountTest, SecondCallFailsAndLeavesTheCounts) {
-  const std::string path = _Folder.Write("cards.xml", "<R><DATACARD/></R>");
-  EXPECT_EQ(ReadCards(path), S_OK);
-  _CardCount = -7;
-  _EntryCount = -8;
-  EXPECT_EQ(ReadCards(path), E_FAIL);
-  EXPECT_EQ(ReadCards(_Folder.Path("missing.xml")), E_FAIL);
-  EXPECT_EQ(_CardCount, -7);
-  EXPECT_EQ(_EntryCount, -8);
-  KORListValKORUnicodeString messages;
-  EXPECT_EQ(_Services.GetXMLSyntaxErrorList(messages), E_FAIL);
-}
-
-TEST_F(CardCountTest, FailedReadLeavesTheCountsAndAGoodOneMayFollow) {
-  EXPECT_EQ(ReadCards(_Folder.Path("missing.xml")), E_FAIL);
-  EXPECT_EQ(ReadCards(_Folder.Write("broken.xml", "<R>")), E_FAIL);
-  EXPECT_EQ(_CardCount, -7);
-  EXPECT_EQ(_EntryCount, -8);
-  EXPECT_EQ(ReadCards(_Folder.Write("cards.xml", "<R><DATACARD><DATACARDENTRY/></DATACARD></R>")), S_OK);
-  EXPECT_EQ(_CardCount, 1);
-  EXPECT_EQ(_EntryCount, 1);
-}
-
-TEST_F(CardCountTest, OneFileMayServeAsEntryFileAndAsCardFile) {
-  const std::string path = _Folder.Write(
-      "both.xml", support::DataCardFile(Container(
-                      "DATACARD", Container("DATACARDENTRY", Head() + Elements({{"LABEL", "L"}, {"TIME", "4"}})))));
-  EXPECT_EQ(Read(path), S_OK);
-  EXPECT_EQ(ReadCards(path), S_OK);
-  EXPECT_EQ(_CardCount, 1);
-  EXPECT_EQ(_EntryCount, 1);
-  ASSERT_EQ(_Services.GetDCEntriesCount(), 1);
-  EXPECT_EQ(RecordOf(*_Services.GetDCEntry(0)), (Record{.code_id = "1", .code = "A", .time = "4"}));
 }
 
 TEST_F(EntryReaderTest, NoMissingFieldsAtTheStart) {

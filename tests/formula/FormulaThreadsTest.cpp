@@ -70,6 +70,10 @@ TEST(FormulaThreadsTest, ManyEvaluationsOnAllThreads) {
 }
 
 TEST(FormulaThreadsTest, EachThreadHasItsOwnDecimalCharacter) {
+  // Both are loaded before the threads start.
+  ASSERT_TRUE(ScopedLocale("C").IsInForce("."));
+  ASSERT_TRUE(ScopedLocale(COMMA_LOCALE).IsInForce())
+      << COMMA_LOCALE << " cannot be had; LOCPATH must name the folder of the locales";
   std::vector<long> wrong(ThreadCount, 0);
   RunTogether([&](int number) {
     const auto slot = static_cast<std::size_t>(number);
@@ -81,7 +85,7 @@ TEST(FormulaThreadsTest, EachThreadHasItsOwnDecimalCharacter) {
       wrong[slot] += CountWrong({"OtherCharacter", comma ? L"1.5" : L"1,5", 0.0, comma ? -2 : 2});
     }
   });
-  for (const long count : wrong) EXPECT_EQ(count, 0) << COMMA_LOCALE << ": LOCPATH must name the folder of the locales";
+  for (const long count : wrong) EXPECT_EQ(count, 0);
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 #include "formula/Mtm1Functions.h"
 
 #include <algorithm>
-#include <functional>
+#include <limits>
 
 #include "tests/formula/ConstantTable.h"
 #include "tests/formula/FormulaTest.h"
@@ -269,6 +269,8 @@ TEST(Mtm1EyeTravelTest, DistanceZeroIsNotChecked) {
   const double infinity = std::numeric_limits<double>::infinity();
   ExpectCall("MTM1EYETRAVEL", {1.0, 0.0, 0.0}, 20.0);
   ExpectCall("MTM1EYETRAVEL", {1.0, 0.0, 1.0}, 100.0 / 6.0);
+  ExpectCall("MTM1EYETRAVEL", {0.0, 0.0, 0.0}, 20.0);
+  ExpectCall("MTM1EYETRAVEL", {0.0, 0.0, 1.0}, 100.0 / 6.0);
   ExpectCall("MTM1EYETRAVEL", {-1.0, 0.0, 0.0}, -infinity);
   ExpectCall("MTM1EYETRAVEL", {-1.0, 0.0, 1.0}, -infinity);
 }

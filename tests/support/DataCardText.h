@@ -13,10 +13,17 @@ inline std::string Escape(std::string_view text) {
   std::string escaped;
   for (const char character : text) {
     switch (character) {
-      case '&': escaped += "&amp;"; break;
-      case '<': escaped += "&lt;"; break;
-      case '>': escaped += "&gt;"; break;
-      default: escaped += character;
+      case '&':
+        escaped += "&amp;";
+        break;
+      case '<':
+        escaped += "&lt;";
+        break;
+      case '>':
+        escaped += "&gt;";
+        break;
+      default:
+        escaped += character;
     }
   }
   return escaped;
@@ -28,7 +35,9 @@ inline std::string Container(std::string_view name, std::string_view inner) {
 }
 
 /// An element that holds a text; an empty text gives an element without a child.
-inline std::string Element(std::string_view name, std::string_view text) { return Container(name, Escape(text)); }
+inline std::string Element(std::string_view name, std::string_view text) {
+  return Container(name, Escape(text));
+}
 
 using Field = std::pair<std::string_view, std::string_view>;
 
@@ -45,7 +54,9 @@ inline std::string EntryElement(std::initializer_list<Field> fields) {
 }
 
 /// An option with its elements in the order given.
-inline std::string OptionElement(std::initializer_list<Field> fields) { return Container("OPTION", Elements(fields)); }
+inline std::string OptionElement(std::initializer_list<Field> fields) {
+  return Container("OPTION", Elements(fields));
+}
 
 /// A whole file around the inner elements. Any root name does.
 inline std::string DataCardFile(std::string_view inner) {

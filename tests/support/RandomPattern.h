@@ -100,13 +100,20 @@ class RandomPattern {
 
   std::string Number(bool real) {
     switch (Below(real ? 10 : 8)) {
-      case 0: return "0" + std::to_string(Below(20));
-      case 1: return "-" + std::to_string(Below(20));
-      case 2: return std::to_string(Below(3000000));
-      case 3: return "99999999999999999999";
-      case 8: return std::to_string(Below(30)) + "." + std::to_string(Below(1000));
-      case 9: return "." + std::to_string(Below(100));
-      default: return std::to_string(Below(25));
+      case 0:
+        return "0" + std::to_string(Below(20));
+      case 1:
+        return "-" + std::to_string(Below(20));
+      case 2:
+        return std::to_string(Below(3000000));
+      case 3:
+        return "99999999999999999999";
+      case 8:
+        return std::to_string(Below(30)) + "." + std::to_string(Below(1000));
+      case 9:
+        return "." + std::to_string(Below(100));
+      default:
+        return std::to_string(Below(25));
     }
   }
 

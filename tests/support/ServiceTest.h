@@ -13,9 +13,13 @@
 
 namespace support {
 
-inline std::string Text(const KORUnicodeString& text) { return std::string(text.Bytes()); }
+inline std::string Text(const KORUnicodeString& text) {
+  return std::string(text.Bytes());
+}
 
-inline KORUnicodeString Unicode(std::string_view text) { return KORUnicodeString(text); }
+inline KORUnicodeString Unicode(std::string_view text) {
+  return KORUnicodeString(text);
+}
 
 inline std::vector<std::string> Texts(const KORListValKORUnicodeString& list) {
   std::vector<std::string> texts;

@@ -126,7 +126,7 @@ INSTANTIATE_TEST_SUITE_P(
                     RoundingCase{"AlreadyRound", 7.0, 6.0, 7.0}, RoundingCase{"SixPlaces", 0.0360004, 6.0, 0.036},
                     RoundingCase{"Tens", 7.0, -1.0, 7.0}, RoundingCase{"BeyondTheRange", 3e9, 0.0, 3e9},
                     RoundingCase{"NoNumber", NotANumber, 2.0, NotANumber},
-                    RoundingCase{"Infinite", Infinity, 2.0, NotANumber}),
+                    RoundingCase{"Infinite", Infinity, 2.0, Infinity}),
     support::RowName());
 
 TEST(RoundOffTimeValueTest, IsThatOfTheRule) {

@@ -1,18 +1,14 @@
 // The evaluator of time formulas: one pass over the tokens, with a stack of its own instead of recursion.
 #include "formula/FormulaEvaluator.h"
 
-#include <algorithm>
+#include <cstddef>
 #include <cstdint>
-#include <memory_resource>
-#include <optional>
-#include <vector>
 
 #include "formula/FormulaScanner.h"
+#include "formula/InlineStack.h"
 
 namespace formula {
 namespace {
-
-using Kind = FormulaTokenKind;
 
 constexpr int DivisionByZero = -1;
 constexpr int Unreadable = -2;
@@ -24,18 +20,18 @@ struct Level {
 
   Place Where = Place::Formula;
   Expected Next = Expected::Expression;
-  bool First = true;            // the term under way is the first
-  bool Negative = false;        // the sign ahead of the term under way
-  double Multiplication = 0.0;  // mark of the operator ahead of the factor under way, 0.0 for none
-  double Sum = 0.0;             // of the terms before
-  double Product = 0.0;         // of the factors of the term under way
+  bool First = true;                           // the term under way is the first
+  bool Negative = false;                       // the sign ahead of the term under way
+  Symbol Multiplication = Symbol::Unreadable;  // the operator ahead of the factor under way, if there is one
+  double Sum = 0.0;                            // of the terms before
+  double Product = 0.0;                        // of the factors of the term under way
 
   /// Takes a factor in; false if it is a divisor of zero.
   bool TakeFactor(double factor) {
-    if (Multiplication == 0.0) {
-      Product = factor;
-    } else if (Multiplication == MultiplyMark) {
+    if (Multiplication == Symbol::Multiply) {
       Product *= factor;
+    } else if (Multiplication != Symbol::Divide) {
+      Product = factor;
     } else if (factor == 0.0) {
       return false;
     } else {
@@ -53,7 +49,7 @@ struct Level {
       Sum = Negative ? Sum - Product : Sum + Product;
     }
     First = false;
-    Multiplication = 0.0;
+    Multiplication = Symbol::Unreadable;
   }
 };
 
@@ -65,213 +61,245 @@ struct Call {
 
 /// One evaluation.
 ///
-/// The reading runs one token ahead: a token is consumed only once the one behind it can be read, and a call
-/// is one token. So what follows a token counts before the grammar does, which is why a verdict found on a token
-/// (division by zero, or a first token that starts no expression) waits until the next token has been read.
+/// The reading runs one token ahead: a token is consumed only once the one behind it can be read, and a call is one
+/// token. So what follows a token counts before the grammar does, which is why a verdict found on a token (division by
+/// zero, or a first token that starts no expression) waits until the next token has been read.
 class Evaluation {
  public:
   explicit Evaluation(const wchar_t* text) : _Text(text), _Scanner(text) {}
 
   double Run(int& status) {
-    while (!_Status) Take(_Scanner.Next());
-    status = *_Status;
-    return status == 0 ? _Level.Sum : 0.0;
+    while (!_Ended) {
+      if (_Waiting && _Calls.IsEmpty()) {
+        TakeBehindVerdict();
+      } else if (_Level.Next == Level::Expected::Operator) {
+        TakeOperator(_Scanner.Next());
+      } else {
+        TakeOperand(_Scanner.Next());
+      }
+    }
+    status = _Status;
+    return _Status == 0 ? _Level.Sum : 0.0;
   }
 
  private:
-  void Take(const Scanned& scanned);
-  void TakeName(const FormulaFunction* function);
+  // What the last token consumed was, as far as it counts later.
+  enum class Consumed : std::uint8_t { Nothing, CloseParenthesis, Other };
+
+  void TakeOperand(Symbol symbol);
+  void TakeOperator(Symbol symbol);
+  void TakeBehindVerdict();
+  void TakeSign(Symbol sign);
+  void TakeNumber(double value);
+  void TakeCall();
   void TakeUnreadable();
-  void TakeToken(const FormulaToken& token);
-  void TakeOperator(const FormulaToken& token);
-  void TakeOperand(double value);
+  void TakeFactor(double value);
   void Open(Level::Place where, Level::Expected next);
-  void CloseGroup();
+  void CloseExpression(Symbol symbol);
   void EndArgument();
   void EndCall();
-
-  void Consume(Kind kind) {
-    _Consumed = kind;
-    if (_Calls.empty()) _ConsumedEnd = _Scanner.Position();
-  }
-  void SyntaxError();
-  void CallFailed() { _Status = Unreadable; }
+  void SyntaxError(Symbol symbol);
   void CallCountsAsNumber();
+
+  void Consume(Consumed what) {
+    _Consumed = what;
+    if (_Calls.IsEmpty()) _ConsumedEnd = _Scanner.Position();
+  }
+  void TakeAndConsume(Consumed what) {
+    _Scanner.Take();
+    Consume(what);
+  }
+  void End(int status) {
+    _Ended = true;
+    _Status = status;
+  }
+  void Wait(int verdict) {
+    _Waiting = true;
+    _Verdict = verdict;
+  }
   int PositionBehindConsumed() const { return static_cast<int>(_ConsumedEnd - _Text) + 1; }
 
   const wchar_t* _Text;
   FormulaScanner _Scanner;
-  std::optional<int> _Status;            // the end of the evaluation
-  std::optional<int> _Verdict;           // the end once the next token has been read
-  Level _Level;                          // the innermost level
-  Kind _Consumed = Kind::End;            // the token last consumed; End before the first
-  Kind _ConsumedBeforeCall = Kind::End;  // the same when the outermost call began
-  Level::Expected _ExpectedAtCall{};     // what was expected where the outermost call began
-  const wchar_t* _ConsumedEnd = _Text;   // just behind the token last consumed outside any call
+  bool _Ended = false;
+  bool _Waiting = false;  // for the next token, after which the evaluation ends with the verdict
+  int _Status = 0;
+  int _Verdict = 0;
+  Level _Level;                                      // the innermost level
+  Consumed _Consumed = Consumed::Nothing;            // the token last consumed
+  Consumed _ConsumedBeforeCall = Consumed::Nothing;  // the same when the outermost call began
+  Level::Expected _ExpectedAtCall{};                 // what was expected where the outermost call began
+  const wchar_t* _ConsumedEnd = _Text;               // just behind the token last consumed outside any call
 
-  // The stacks of short formulas stay in this block.
-  std::array<std::byte, 1536> _Block;
-  std::pmr::monotonic_buffer_resource _Memory{_Block.data(), _Block.size()};
-  std::pmr::vector<Level> _Levels{&_Memory};  // the levels around the innermost one
-  std::pmr::vector<Call> _Calls{&_Memory};
-  std::pmr::vector<double> _Arguments{&_Memory};  // of all calls under way
+  // Sized so that the formulas of data cards need no memory beyond the object.
+  InlineStack<Level, 8> _Levels;  // the levels around the innermost one
+  InlineStack<Call, 4> _Calls;
+  InlineStack<double, 24> _Arguments;  // of all calls under way
 };
 
-void Evaluation::Take(const Scanned& scanned) {
-  switch (scanned.Found) {
-    case Scanned::Sort::Token:
-      return TakeToken(scanned.Token);
-    case Scanned::Sort::Name:
-      return TakeName(scanned.Function);
-    case Scanned::Sort::Unreadable:
+/// Where an expression, a term or a factor must begin.
+void Evaluation::TakeOperand(Symbol symbol) {
+  switch (symbol) {
+    case Symbol::Digit:
+      return TakeNumber(_Scanner.TakeNumber());
+    case Symbol::Letter:
+      return TakeCall();
+    case Symbol::OpenParenthesis:
+      TakeAndConsume(Consumed::Other);
+      return Open(Level::Place::Group, Level::Expected::Expression);
+    case Symbol::Plus:
+    case Symbol::Minus:
+      if (_Level.Next > Level::Expected::Expression) return SyntaxError(symbol);
+      TakeAndConsume(Consumed::Other);
+      return TakeSign(symbol);
+    case Symbol::CloseParenthesis:
+      if (_Level.Next != Level::Expected::FirstArgument) return SyntaxError(symbol);
+      _Scanner.Take();
+      return EndCall();
+    case Symbol::Unreadable:
       return TakeUnreadable();
+    default:
+      return SyntaxError(symbol);
   }
 }
 
-void Evaluation::TakeName(const FormulaFunction* function) {
-  if (function == nullptr || !_Scanner.SkipOpenParenthesis()) return CallFailed();
-  if (_Calls.empty()) {
+/// Behind a factor.
+void Evaluation::TakeOperator(Symbol symbol) {
+  switch (symbol) {
+    case Symbol::Multiply:
+    case Symbol::Divide:
+      TakeAndConsume(Consumed::Other);
+      _Level.Multiplication = symbol;
+      _Level.Next = Level::Expected::Factor;
+      return;
+    case Symbol::Plus:
+    case Symbol::Minus:
+      TakeAndConsume(Consumed::Other);
+      _Level.EndTerm();
+      return TakeSign(symbol);
+    case Symbol::CloseParenthesis:
+    case Symbol::Separator:
+    case Symbol::End:
+      return CloseExpression(symbol);
+    case Symbol::Letter:
+      return TakeCall();
+    case Symbol::Unreadable:
+      return TakeUnreadable();
+    default:
+      return SyntaxError(symbol);
+  }
+}
+
+/// The evaluation is decided; it ends with the verdict if the next token can be read.
+void Evaluation::TakeBehindVerdict() {
+  switch (_Scanner.Next()) {
+    case Symbol::Letter:
+      return TakeCall();
+    case Symbol::Unreadable:
+      return End(Unreadable);
+    default:
+      return End(_Verdict);
+  }
+}
+
+void Evaluation::TakeSign(Symbol sign) {
+  _Level.Negative = sign == Symbol::Minus;
+  _Level.Next = Level::Expected::Term;
+}
+
+/// A number, or the value of a call.
+void Evaluation::TakeNumber(double value) {
+  if (_Waiting && _Calls.IsEmpty()) return End(_Verdict);
+  if (_Level.Next == Level::Expected::Operator) return SyntaxError(Symbol::Digit);
+  Consume(Consumed::Other);
+  TakeFactor(value);
+}
+
+void Evaluation::TakeCall() {
+  const FormulaFunction* function = _Scanner.TakeName();
+  if (function == nullptr || _Scanner.Next() != Symbol::OpenParenthesis) return End(Unreadable);
+  if (_Calls.IsEmpty()) {
     _ConsumedBeforeCall = _Consumed;
     _ExpectedAtCall = _Level.Next;
   } else if (_Level.Next == Level::Expected::Operator) {
-    return CallFailed();  // whatever the inner call gives, it stands in the wrong place
+    return End(Unreadable);  // whatever the inner call gives, it stands in the wrong place
   }
-  _Calls.push_back({function, _Arguments.size()});
+  _Scanner.Take();
+  _Consumed = Consumed::Other;
+  _Calls.Push({function, _Arguments.Size()});
   Open(Level::Place::Argument, Level::Expected::FirstArgument);
-  _Consumed = Kind::OpenParenthesis;
 }
 
-/// A character that starts no token. Behind two ends of an argument list the reading goes on with the token before it,
-/// a closing parenthesis, as if it closed the list: the call then counts as a number, which can't be consumed.
+/// A character that starts no token. At two ends of an argument list the reading goes on with the token before it, a
+/// closing parenthesis, as if it closed the list: the call then counts as a number, which can't be consumed.
 void Evaluation::TakeUnreadable() {
-  const bool in_outermost_call = _Calls.size() == 1 && _Level.Where == Level::Place::Argument;
+  const bool in_outermost_call = _Calls.Size() == 1 && _Level.Where == Level::Place::Argument;
   const bool list_is_empty = _Level.Next == Level::Expected::FirstArgument;
-  const bool behind_group = _Level.Next == Level::Expected::Operator && _Consumed == Kind::CloseParenthesis;
-  if (in_outermost_call && (behind_group || (list_is_empty && _ConsumedBeforeCall == Kind::CloseParenthesis))) {
+  const bool behind_group = _Level.Next == Level::Expected::Operator && _Consumed == Consumed::CloseParenthesis;
+  if (in_outermost_call && (behind_group || (list_is_empty && _ConsumedBeforeCall == Consumed::CloseParenthesis))) {
     return CallCountsAsNumber();
   }
-  _Status = Unreadable;
+  End(Unreadable);
 }
 
 void Evaluation::CallCountsAsNumber() {
-  if (_Verdict) {
-    _Status = _Verdict;
-  } else if (_ExpectedAtCall == Level::Expected::Operator) {
-    _Status = PositionBehindConsumed();
-  } else {
-    _Status = Unreadable;
-  }
+  if (_Waiting) return End(_Verdict);
+  End(_ExpectedAtCall == Level::Expected::Operator ? PositionBehindConsumed() : Unreadable);
 }
 
-void Evaluation::SyntaxError() {
-  if (!_Calls.empty()) return CallFailed();
-  const bool nothing_consumed = _ConsumedEnd == _Text;
-  (nothing_consumed ? _Verdict : _Status) = PositionBehindConsumed();
+/// The first token of all must have its follower read before it is refused.
+void Evaluation::SyntaxError(Symbol symbol) {
+  if (!_Calls.IsEmpty()) return End(Unreadable);
+  if (_ConsumedEnd != _Text) return End(PositionBehindConsumed());
+  if (symbol != Symbol::End) _Scanner.Take();
+  Wait(PositionBehindConsumed());
 }
 
-void Evaluation::TakeToken(const FormulaToken& token) {
-  if (_Verdict && _Calls.empty()) {
-    _Status = _Verdict;
-    return;
-  }
-  switch (_Level.Next) {
-    case Level::Expected::FirstArgument:
-      if (token.Kind == Kind::CloseParenthesis) return EndCall();
-      [[fallthrough]];
-    case Level::Expected::Expression:
-      if (token.Kind == Kind::AdditiveOperator) {
-        Consume(token.Kind);
-        _Level.Negative = token.Value == MinusMark;
-        _Level.Next = Level::Expected::Term;
-        return;
-      }
-      [[fallthrough]];
-    case Level::Expected::Term:
-    case Level::Expected::Factor:
-      if (token.Kind == Kind::Number) {
-        Consume(token.Kind);
-        return TakeOperand(token.Value);
-      }
-      if (token.Kind != Kind::OpenParenthesis) return SyntaxError();
-      Consume(token.Kind);
-      return Open(Level::Place::Group, Level::Expected::Expression);
-    case Level::Expected::Operator:
-      return TakeOperator(token);
-  }
-}
-
-void Evaluation::TakeOperator(const FormulaToken& token) {
-  switch (token.Kind) {
-    case Kind::MultiplicativeOperator:
-      Consume(token.Kind);
-      _Level.Multiplication = token.Value;
-      _Level.Next = Level::Expected::Factor;
-      return;
-    case Kind::AdditiveOperator:
-      Consume(token.Kind);
-      _Level.EndTerm();
-      _Level.Negative = token.Value == MinusMark;
-      _Level.Next = Level::Expected::Term;
-      return;
-    case Kind::CloseParenthesis:
-      if (_Level.Where == Level::Place::Group) return CloseGroup();
-      [[fallthrough]];
-    case Kind::End:
-    case Kind::Separator:
-      if (_Level.Where == Level::Place::Formula && token.Kind != Kind::Separator) {
-        _Level.EndTerm();
-        _Status = 0;
-      } else if (_Level.Where == Level::Place::Argument && token.Kind != Kind::End) {
-        EndArgument();
-        if (token.Kind == Kind::CloseParenthesis) EndCall();
-      } else {
-        SyntaxError();
-      }
-      return;
-    default:
-      return SyntaxError();
-  }
-}
-
-void Evaluation::TakeOperand(double value) {
+void Evaluation::TakeFactor(double value) {
   if (_Level.TakeFactor(value)) return;
-  if (_Calls.empty()) {
-    _Verdict = DivisionByZero;
-  } else {
-    CallFailed();
-  }
+  if (!_Calls.IsEmpty()) return End(Unreadable);
+  Wait(DivisionByZero);
 }
 
 void Evaluation::Open(Level::Place where, Level::Expected next) {
-  _Levels.push_back(_Level);
+  _Levels.Push(_Level);
   _Level = Level{.Where = where, .Next = next};
 }
 
-void Evaluation::CloseGroup() {
-  Consume(Kind::CloseParenthesis);
-  _Level.EndTerm();
-  const double value = _Level.Sum;
-  _Level = _Levels.back();
-  _Levels.pop_back();
-  TakeOperand(value);
+/// A closing parenthesis, a separator or the end behind an expression.
+void Evaluation::CloseExpression(Symbol symbol) {
+  const bool closed = symbol == Symbol::CloseParenthesis;
+  if (_Level.Where == Level::Place::Group && closed) {
+    TakeAndConsume(Consumed::CloseParenthesis);
+    _Level.EndTerm();
+    const double value = _Level.Sum;
+    _Level = _Levels.Pop();
+    TakeFactor(value);
+  } else if (_Level.Where == Level::Place::Formula && symbol != Symbol::Separator) {
+    _Level.EndTerm();
+    End(0);
+  } else if (_Level.Where == Level::Place::Argument && symbol != Symbol::End) {
+    _Scanner.Take();
+    EndArgument();
+    if (closed) EndCall();
+  } else {
+    SyntaxError(symbol);
+  }
 }
 
 void Evaluation::EndArgument() {
   _Level.EndTerm();
-  if (_Arguments.size() - _Calls.back().FirstArgument < FormulaArgumentCount) _Arguments.push_back(_Level.Sum);
+  if (_Arguments.Size() - _Calls.Top().FirstArgument < FormulaArgumentCount) _Arguments.Push(_Level.Sum);
   _Level = Level{.Where = Level::Place::Argument};
-  _Consumed = Kind::Separator;
+  _Consumed = Consumed::Other;
 }
 
 void Evaluation::EndCall() {
-  const Call call = _Calls.back();
-  _Calls.pop_back();
+  const Call call = _Calls.Pop();
   FormulaArguments arguments{};
-  std::copy(_Arguments.begin() + static_cast<std::ptrdiff_t>(call.FirstArgument), _Arguments.end(), arguments.begin());
-  _Arguments.resize(call.FirstArgument);
-  _Level = _Levels.back();
-  _Levels.pop_back();
-  TakeToken({Kind::Number, call.Function->Function(arguments)});
+  for (std::size_t count = _Arguments.Size() - call.FirstArgument; count-- > 0;) arguments[count] = _Arguments.Pop();
+  _Level = _Levels.Pop();
+  TakeNumber(call.Function->Function(arguments));
 }
 
 }  // namespace

@@ -1,10 +1,7 @@
-// Cuts a formula text into tokens.
+// Reads the numbers and names of a formula text.
 #include "formula/FormulaScanner.h"
 
-#include <array>
 #include <cctype>
-#include <cstddef>
-#include <cstdint>
 #include <cwchar>
 #include <string_view>
 
@@ -13,27 +10,8 @@
 namespace formula {
 namespace {
 
-using Kind = FormulaTokenKind;
-
-// The character classes of the process locale end at 255.
-bool IsByte(wchar_t character) {
-  return character >= 0 && character <= 255;
-}
-bool IsSpace(wchar_t character) {
-  return IsByte(character) && std::isspace(static_cast<int>(character)) != 0;
-}
-bool IsLetter(wchar_t character) {
-  return IsByte(character) && std::isalpha(static_cast<int>(character)) != 0;
-}
-bool IsLetterOrDigit(wchar_t character) {
-  return IsByte(character) && std::isalnum(static_cast<int>(character)) != 0;
-}
 bool IsDigit(wchar_t character) {
   return character >= L'0' && character <= L'9';
-}
-
-Scanned TokenOf(Kind kind, double value = 0.0) {
-  return {Scanned::Sort::Token, {kind, value}};
 }
 
 // Powers of ten that a double holds exactly.
@@ -42,69 +20,58 @@ constexpr std::array ExactPowersOfTen{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  
 // As many decimal digits stay below 2^53, so that the digits are an exact double.
 constexpr int ExactDigits = 15;
 
+// The names of the function table with their lengths, so that most are told apart by these.
+struct NamedFunction {
+  std::wstring_view Name;
+  const FormulaFunction* Function;
+};
+
+const std::array<NamedFunction, FormulaFunctionCount>& NamedFunctions() {
+  static const auto functions = [] {
+    std::array<NamedFunction, FormulaFunctionCount> named{};
+    for (std::size_t slot = 0; slot < FormulaFunctionCount && FormulaFunctions()[slot].Function != nullptr; ++slot) {
+      named[slot] = {FormulaFunctions()[slot].Name, &FormulaFunctions()[slot]};
+    }
+    return named;
+  }();
+  return functions;
+}
+
 }  // namespace
 
-FormulaScanner::FormulaScanner(const wchar_t* text) : _Position(text), _DecimalCharacter(KORLocalDecimalCharacter()) {
+// The character classes of the process locale end at 255.
+Symbol FormulaScanner::SymbolBeyondAscii(std::uint32_t code) {
+  if (code > 255) return Symbol::Unreadable;
+  const int character = static_cast<int>(code);
+  if (std::isspace(character) != 0) return Symbol::Space;
+  if (std::isalpha(character) != 0) return Symbol::Letter;
+  return Symbol::Unreadable;
 }
 
-void FormulaScanner::SkipSpace() {
-  while (IsSpace(*_Position)) ++_Position;
-}
-
-bool FormulaScanner::SkipOpenParenthesis() {
-  SkipSpace();
-  if (*_Position != L'(') return false;
-  ++_Position;
-  return true;
-}
-
-Scanned FormulaScanner::Next() {
-  SkipSpace();
-  const wchar_t character = *_Position;
-  if (IsDigit(character)) return TokenOf(Kind::Number, ReadNumber());
-  if (character == L'\0') return TokenOf(Kind::End);
-  if (IsLetter(character)) return {Scanned::Sort::Name, {}, ReadName()};
-  ++_Position;
-  switch (character) {
-    case L'(':
-      return TokenOf(Kind::OpenParenthesis);
-    case L')':
-      return TokenOf(Kind::CloseParenthesis);
-    case L'*':
-      return TokenOf(Kind::MultiplicativeOperator, MultiplyMark);
-    case L'/':
-      return TokenOf(Kind::MultiplicativeOperator, DivideMark);
-    case L'+':
-      return TokenOf(Kind::AdditiveOperator, PlusMark);
-    case L'-':
-      return TokenOf(Kind::AdditiveOperator, MinusMark);
-    case L',':
-    case L'_':
-      return TokenOf(Kind::Separator);
-    default:
-      --_Position;
-      return {Scanned::Sort::Unreadable, {}};
-  }
+bool FormulaScanner::IsDecimalCharacter(wchar_t character) {
+  if (_DecimalCharacter == L'\0') _DecimalCharacter = KORLocalDecimalCharacter();
+  return character != L'\0' && character == _DecimalCharacter;
 }
 
 /// Numbers of up to 15 digits with a fraction, the common case, come out of one exact division, which rounds as wcstod
 /// does; everything else is left to wcstod.
-double FormulaScanner::ReadNumber() {
+double FormulaScanner::TakeNumber() {
   const wchar_t* position = _Position;
-  std::uint64_t digits = 0;
+  std::int64_t digits = 0;
   int digit_count = 0;
   std::size_t fraction_count = 0;
   for (; IsDigit(*position) && digit_count <= ExactDigits; ++position, ++digit_count) {
-    digits = digits * 10 + static_cast<std::uint64_t>(*position - L'0');
+    digits = digits * 10 + (*position - L'0');
   }
-  if (*position == _DecimalCharacter && _DecimalCharacter != L'\0') {
+  if (IsDecimalCharacter(*position)) {
     for (++position; IsDigit(*position) && digit_count <= ExactDigits; ++position, ++digit_count, ++fraction_count) {
-      digits = digits * 10 + static_cast<std::uint64_t>(*position - L'0');
+      digits = digits * 10 + (*position - L'0');
     }
   }
-  if (digit_count <= ExactDigits && !IsLetter(*position)) {  // a letter may be an exponent or a base
+  if (digit_count <= ExactDigits && SymbolOf(*position) != Symbol::Letter) {  // a letter may be an exponent or a base
     _Position = position;
-    return static_cast<double>(digits) / ExactPowersOfTen[fraction_count];
+    const auto whole = static_cast<double>(digits);
+    return fraction_count == 0 ? whole : whole / ExactPowersOfTen[fraction_count];
   }
   wchar_t* end = nullptr;
   const double value = std::wcstod(_Position, &end);
@@ -112,13 +79,15 @@ double FormulaScanner::ReadNumber() {
   return value;
 }
 
-const FormulaFunction* FormulaScanner::ReadName() {
+const FormulaFunction* FormulaScanner::TakeName() {
   const wchar_t* begin = _Position;
-  while (IsLetterOrDigit(*_Position)) ++_Position;
+  Symbol symbol = Symbol::Letter;
+  // Beyond ASCII no locale has digits.
+  while (symbol == Symbol::Letter || symbol == Symbol::Digit) symbol = SymbolOf(*++_Position);
   const std::wstring_view name(begin, static_cast<std::size_t>(_Position - begin));
-  for (const FormulaFunction& candidate : FormulaFunctions()) {
-    if (candidate.Function == nullptr) break;
-    if (candidate.Name == name) return &candidate;
+  for (const NamedFunction& candidate : NamedFunctions()) {
+    if (candidate.Function == nullptr) return nullptr;
+    if (candidate.Name.size() == name.size() && candidate.Name == name) return candidate.Function;
   }
   return nullptr;
 }

@@ -1,0 +1,259 @@
+// What the arguments of the program ask for.
+#include "tools/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cctype>
+
+#include "tools/Messages.h"
+#include "tools/Systems.h"
+
+namespace tool {
+
+namespace {
+
+constexpr const char* ProgramName = "timeanalysis";
+
+// A command's line in the list of commands, and the rest of what its own help tells.
+struct HelpText {
+  const char* Line;
+  const char* Rest;
+};
+
+constexpr HelpText EvalHelp{"Evaluates time formulas: value, status and text of each", R"(A formula holds numbers (a digit first), + - * / and parentheses, and calls of
+sin cos tan exp pow sqrt abs, MTM1REACH MTM1MOVE MTM1DYNAMICFACTOR
+MTM1STATICCONSTANT MTM1POSITION MTM1TURN MTM1EYETRAVEL MTM1SIDESTEP
+MTM1LEGMOTION, WFASY WFPP WFT, and MOST. "," or "_" separates arguments. A sign
+stands only at the start of a formula, a parenthesis or an argument.
+
+Status: 0 evaluated; -1 division by zero; -2 unknown character or failed name;
+above 0 a syntax error, the place just behind the last token read.
+)"};
+
+constexpr HelpText CodeHelp{"Looks codes up in the catalogue of a motion-time system", R"(The catalogue is that of --catalogue; otherwise the setting datacardpath, the
+environment variable KORStartupPath and the installed catalogue are tried.
+)"};
+
+constexpr HelpText NormHelp{"Turns norm texts of MOST and MODAPTS into code form, and back for MOST", R"(Systems: MOST, MiniMOST, MaxiMOST, and MODAPTS from norm text to code only.
+)"};
+
+constexpr HelpText PatternHelp{"Tells whether codes match a code pattern, and what each token took", R"("pattern -" reads lines of system, pattern and code with tabs between them.
+)"};
+
+constexpr HelpText CatalogueHelp{"Lists or checks the files of a catalogue", ""};
+
+constexpr HelpText ListHelp{"Lists the systems, their files, entries and card groups", ""};
+
+constexpr HelpText CheckHelp{"Reports what is wrong with the files of a catalogue", R"(Looked for: files that do not parse, missing and unread fields, duplicate codes,
+patterns that do not mean what they say or can never match, formulas that fail.
+)"};
+
+constexpr const char* Footer = R"(Exit status: 0 done, 1 something was not found or a finding was made,
+2 wrong usage or unreadable input.
+)";
+
+// The parser would take some texts for options, vectors or marks of its own; a shield ahead of them hides that.
+constexpr char Shield = '\x1A';
+
+bool IsOption(const std::string& argument) {
+  return argument == "-h" || argument == "--" ||
+         (argument.starts_with("--") && argument.size() > 2 && std::isalpha(static_cast<unsigned char>(argument[2])));
+}
+
+std::vector<std::string> Shielded(const std::vector<std::string>& arguments) {
+  std::vector<std::string> shielded;
+  bool options_end = false;
+  for (const std::string& argument : arguments) {
+    const bool plain = !argument.empty() && std::isalnum(static_cast<unsigned char>(argument.front()));
+    const bool keep = !options_end && (plain || IsOption(argument));
+    shielded.push_back(keep ? argument : Shield + argument);
+    if (argument == "--") options_end = true;
+  }
+  return shielded;
+}
+
+void Unshield(std::string& text) { text.erase(std::remove(text.begin(), text.end(), Shield), text.end()); }
+
+void AddVersion(CLI::App& app) {
+  app.set_version_flag("--version", std::string(ProgramName) + " " + TIMEANALYSIS_VERSION, "Show the version");
+  app.set_help_flag("-h,--help", "Show this help");
+}
+
+void AddJson(CLI::App& app, CommandLine& line) {
+  app.add_flag("--json", line.Json, "One JSON object a line, keys in a fixed order");
+}
+
+void AddCatalogueOptions(CLI::App& app, CommandLine& line) {
+  app.add_option("--catalogue", line.Catalogue, "Folder that holds DataCardEntry and DataCard; nothing else is searched")
+      ->type_name("FOLDER");
+  app.add_option("--settings", line.Settings, "Settings file, with datacardpath and mintotmuconversion")
+      ->type_name("FILE");
+}
+
+void AddTexts(CLI::App& app, CommandLine& line, const char* name, const char* description) {
+  app.add_option(name, line.Texts, description)->required()->type_name("");
+}
+
+void AddSystem(CLI::App& app, CommandLine& line) {
+  app.add_option("SYSTEM", line.System, "Motion-time system, as MTM1, MTM2, MOST or MODAPTS")
+      ->required()
+      ->type_name("");
+}
+
+CLI::App* AddCommand(CLI::App& parent, const char* name, const HelpText& help) {
+  CLI::App* command = parent.add_subcommand(name, help.Line);
+  command->footer(std::string(help.Rest) + (*help.Rest == '\0' ? "" : "\n") + Footer);
+  AddVersion(*command);
+  return command;
+}
+
+// The commands under the program's name; what is chosen is told by got_subcommand.
+struct Commands {
+  CLI::App* Eval;
+  CLI::App* Code;
+  CLI::App* Norm;
+  CLI::App* Pattern;
+  CLI::App* Catalogue;
+  CLI::App* List;
+  CLI::App* Check;
+};
+
+CLI::App* AddCatalogueCommand(CLI::App& parent, CommandLine& line, std::string& folder, const char* name,
+                              const HelpText& help) {
+  CLI::App* command = AddCommand(parent, name, help);
+  command->add_option("FOLDER", folder, "Folder that holds DataCardEntry and DataCard")->type_name("");
+  AddCatalogueOptions(*command, line);
+  AddJson(*command, line);
+  return command;
+}
+
+Commands AddCommands(CLI::App& app, CommandLine& line, std::string& folder) {
+  Commands commands{};
+  commands.Eval = AddCommand(app, "eval", EvalHelp);
+  AddTexts(*commands.Eval, line, "FORMULA", "Formulas; - reads them from standard input, one a line");
+  commands.Eval->add_option("--system", line.System, "Evaluate by the rounding rules of this system")
+      ->type_name("SYSTEM");
+
+  commands.Code = AddCommand(app, "code", CodeHelp);
+  AddSystem(*commands.Code, line);
+  AddTexts(*commands.Code, line, "CODE", "Codes; - reads them from standard input, one a line");
+  commands.Code->add_option("--unit", line.Unit, "Show the time in one unit: tmu, s, min or mod (0.129 s)")
+      ->type_name("UNIT")
+      ->check(CLI::IsMember({"tmu", "s", "min", "mod"}));
+  AddCatalogueOptions(*commands.Code, line);
+
+  commands.Norm = AddCommand(app, "norm", NormHelp);
+  AddSystem(*commands.Norm, line);
+  AddTexts(*commands.Norm, line, "TEXT", "Norm texts or codes; - reads them from standard input, one a line");
+  commands.Norm->add_option("--frequency", line.Frequency, "Frequency of the line, a number or a formula; 1 unless given")
+      ->type_name("F");
+  commands.Norm->add_option("--to", line.To, "code or norm; unless given, a text with \"-\" goes to norm, any other to code")
+      ->type_name("FORM")
+      ->check(CLI::IsMember({"code", "norm"}));
+
+  commands.Pattern = AddCommand(app, "pattern", PatternHelp);
+  AddSystem(*commands.Pattern, line);
+  commands.Pattern->add_option("PATTERN", line.Pattern, "Code pattern, as '\"GR\"%[1,80]'")->type_name("");
+  commands.Pattern->add_option("CODE", line.Texts, "Codes; - reads them from standard input, one a line")->type_name("");
+
+  commands.Catalogue = AddCommand(app, "catalogue", CatalogueHelp);
+  commands.Catalogue->require_subcommand(1);
+  commands.List = AddCatalogueCommand(*commands.Catalogue, line, folder, "list", ListHelp);
+  commands.Check = AddCatalogueCommand(*commands.Catalogue, line, folder, "check", CheckHelp);
+  for (CLI::App* command : {commands.Eval, commands.Code, commands.Norm, commands.Pattern}) AddJson(*command, line);
+  return commands;
+}
+
+Command Chosen(const Commands& commands) {
+  if (commands.Code->parsed()) return Command::Code;
+  if (commands.Norm->parsed()) return Command::Norm;
+  if (commands.Pattern->parsed()) return Command::Pattern;
+  if (commands.List->parsed()) return Command::CatalogueList;
+  if (commands.Check->parsed()) return Command::CatalogueCheck;
+  return Command::Eval;
+}
+
+// Where the command stands in words, as "timeanalysis catalogue list".
+std::string CommandWords(const CLI::App& app) {
+  std::string words = ProgramName;
+  for (const CLI::App* level = &app; !level->get_subcommands().empty();) {
+    level = level->get_subcommands().front();
+    words += " " + level->get_name();
+  }
+  return words;
+}
+
+// The parser's own words, but for a command that is missing or unknown, which it does not tell apart.
+Failure UsageFailure(const CLI::App& app, const std::vector<std::string>& arguments, std::string cause) {
+  const CLI::App* level = &app;
+  while (!level->get_subcommands().empty()) level = level->get_subcommands().front();
+  Unshield(cause);
+  std::string names;
+  for (const CLI::App* command : level->get_subcommands([](const CLI::App*) { return true; })) {
+    names += (names.empty() ? "" : ", ") + command->get_name();
+  }
+  if (names.empty()) return WrongUsage(cause, CommandWords(app));
+  for (const std::string& argument : arguments) {
+    if (IsOption(argument)) return WrongUsage(cause, CommandWords(app));
+    if (argument != level->get_name()) return UnknownCommand(argument, names, CommandWords(app));
+  }
+  return UnknownCommand("", names, CommandWords(app));
+}
+
+void TakeTextsFromInput(CommandLine& line, const std::string& command) {
+  if (line.Chosen == Command::Pattern && line.System == "-") {
+    if (!line.Pattern.empty() || !line.Texts.empty()) throw DashNotAlone(command);
+    line.FromInput = true;
+    return;
+  }
+  if (line.Chosen == Command::Pattern && line.Texts.empty()) {
+    throw WrongUsage("a pattern and at least one code are missing", command);
+  }
+  if (std::find(line.Texts.begin(), line.Texts.end(), "-") == line.Texts.end()) return;
+  if (line.Texts.size() > 1) throw DashNotAlone(command);
+  line.FromInput = true;
+  line.Texts.clear();
+}
+
+void FinishCommandLine(CommandLine& line, std::string& folder, const std::string& command) {
+  for (std::string* text : {&line.Catalogue, &line.Settings, &line.System, &line.Pattern, &line.Frequency, &folder}) {
+    Unshield(*text);
+  }
+  for (std::string& text : line.Texts) Unshield(text);
+  TakeTextsFromInput(line, command);
+  if (!line.System.empty() && line.System != "-") RequireSystem(line.System);
+  if (!folder.empty() && !line.Catalogue.empty() && folder != line.Catalogue) {
+    throw TwoCatalogueFolders(folder, line.Catalogue);
+  }
+  if (line.Catalogue.empty()) line.Catalogue = folder;
+}
+
+}  // namespace
+
+CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
+  CommandLine line;
+  std::string folder;
+  CLI::App app("Turns codes of predetermined-motion-time systems into times.", ProgramName);
+  AddVersion(app);
+  app.footer(Footer);
+  app.require_subcommand(1);
+  const Commands commands = AddCommands(app, line, folder);
+  try {
+    std::vector<std::string> reversed = Shielded(arguments);
+    std::reverse(reversed.begin(), reversed.end());  // the parser takes its arguments from the back
+    app.parse(std::move(reversed));
+  } catch (const CLI::CallForHelp&) {
+    line.Information = app.help();
+    return line;
+  } catch (const CLI::CallForVersion& version) {
+    line.Information = std::string(version.what()) + "\n";
+    return line;
+  } catch (const CLI::ParseError& error) {
+    throw UsageFailure(app, arguments, error.what());
+  }
+  line.Chosen = Chosen(commands);
+  FinishCommandLine(line, folder, CommandWords(app));
+  return line;
+}
+
+}  // namespace tool
