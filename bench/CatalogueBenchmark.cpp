@@ -73,9 +73,8 @@ int main(int count, char** arguments) {
   benchmark::RegisterBenchmark("read_alone", bench::ReadWithoutAnswer, path);
   benchmark::RegisterBenchmark("libxml2", bench::ReadByLibxml, path);
   using Bound = bench::Goal::Bound;
-  return bench::RunWithGoals(
-      count, arguments,
-      {{"file to entry table, index, patterns and first answer / libxml2", "read_and_answer", "libxml2", Bound::AtMost,
-        1.2},
-       {"file to entry table alone / libxml2", "read_alone", "libxml2", Bound::AtMost, 1.2}});
+  return bench::RunWithGoals(count, arguments,
+                             {{"file to entry table, index, patterns and first answer / libxml2", "read_and_answer",
+                               "libxml2", Bound::AtMost, 1.2},
+                              {"file to entry table alone / libxml2", "read_alone", "libxml2", Bound::AtMost, 1.2}});
 }

@@ -113,7 +113,8 @@ void Read(benchmark::State& state, const File& file) {
 void BuildTable(benchmark::State& state, const File& file) {
   VEXSTMTimeAnalysisDlgServices services;
   KORIDOMNodeList_var elements;
-  const KORIDOMElement_var root = services.GetRootElement(services.GetDOMDocument(KORUnicodeString(std::string_view(file.Path))));
+  const KORIDOMElement_var root =
+      services.GetRootElement(services.GetDOMDocument(KORUnicodeString(std::string_view(file.Path))));
   if (root.IsNull() || root.GetElementsByTagName("DATACARDENTRY", elements) != S_OK) {
     state.SkipWithError("the file is not read");
   }
@@ -138,8 +139,7 @@ int main(int count, char** arguments) {
   benchmark::RegisterBenchmark("read_and_answer", bench::Read, file)->Iterations(1);
   benchmark::RegisterBenchmark("table", bench::BuildTable, file)->Iterations(1);
   using Bound = bench::Goal::Bound;
-  return bench::RunWithGoals(
-      count, arguments,
-      {{"heap at its peak / file", "read_and_answer:peak_per_file", "", Bound::AtMost, 12.0},
-       {"entry table alone / file", "table:records_per_file", "", Bound::AtMost, 4.0}});
+  return bench::RunWithGoals(count, arguments,
+                             {{"heap at its peak / file", "read_and_answer:peak_per_file", "", Bound::AtMost, 12.0},
+                              {"entry table alone / file", "table:records_per_file", "", Bound::AtMost, 4.0}});
 }

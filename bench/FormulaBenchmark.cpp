@@ -212,6 +212,9 @@ int main(int count, char** arguments) {
   benchmark::RegisterBenchmark("bare_descent", bench::EvaluateAllBare, formulas);
   benchmark::RegisterBenchmark("muparser", bench::EvaluateAllByMuParser, formulas, true);
   benchmark::RegisterBenchmark("muparser_plain", bench::EvaluateAllByMuParser, formulas, false);
-  benchmark::RegisterBenchmark("nested_calls", bench::EvaluateNested)->Arg(255)->RangeMultiplier(16)->Range(4096, 1 << 20);
+  benchmark::RegisterBenchmark("nested_calls", bench::EvaluateNested)
+      ->Arg(255)
+      ->RangeMultiplier(16)
+      ->Range(4096, 1 << 20);
   return bench::RunWithGoals(count, arguments, bench::Goals());
 }

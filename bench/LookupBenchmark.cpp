@@ -125,8 +125,8 @@ std::vector<Goal> Goals() {
   return {
       {"lookup in 10,000 entries / in 100 entries, same codes", "lookup_10000", "lookup_100", Goal::Bound::AtMost, 2.0},
       {"plain walk over 10,000 entries / lookup", "plain_walk_10000", "lookup_10000", Goal::Bound::AtLeast, 50.0},
-      {"lookup / RE2::Set over 10,000 entries, 100 codes in turn", "lookup_10000", "re2_set_10000",
-       Goal::Bound::AtMost, 1.0},
+      {"lookup / RE2::Set over 10,000 entries, 100 codes in turn", "lookup_10000", "re2_set_10000", Goal::Bound::AtMost,
+       1.0},
       {"lookup / RE2::Set over 10,000 entries, 10,000 codes in turn", "lookup_10000_all", "re2_set_10000_all",
        Goal::Bound::AtMost, 1.0},
   };
@@ -144,9 +144,8 @@ int main(int count, char** arguments) {
   benchmark::RegisterBenchmark("lookup_100", look_up(catalogues.Small, catalogues.SmallEntries));
   benchmark::RegisterBenchmark("lookup_10000", look_up(catalogues.Large, catalogues.SmallEntries));
   benchmark::RegisterBenchmark("lookup_10000_all", look_up(catalogues.Large, catalogues.Entries));
-  benchmark::RegisterBenchmark("plain_walk_10000", [&catalogues](benchmark::State& state) {
-    bench::Walk(state, catalogues);
-  });
+  benchmark::RegisterBenchmark("plain_walk_10000",
+                               [&catalogues](benchmark::State& state) { bench::Walk(state, catalogues); });
   const auto match_set = [&set = *catalogues.Set](const auto& examples) {
     return [&set, &examples](benchmark::State& state) { bench::MatchSet(state, set, examples); };
   };

@@ -53,8 +53,9 @@ std::vector<Pair> MatchingPairs(std::size_t count) {
   std::vector<Pair> pairs;
   for (const GeneratedEntry& entry : GenerateEntries(2 * count)) {
     if (entry.Pattern.empty()) continue;
-    pairs.push_back({KORUnicodeString(std::string_view(entry.Example)), KORUnicodeString(std::string_view(entry.Pattern)),
-                     entry.Example, JitExpression(entry.Expression)});
+    pairs.push_back({KORUnicodeString(std::string_view(entry.Example)),
+                     KORUnicodeString(std::string_view(entry.Pattern)), entry.Example,
+                     JitExpression(entry.Expression)});
   }
   return pairs;
 }
@@ -142,10 +143,10 @@ int main(int count, char** arguments) {
     bench::CompareSides(series.Pairs);
     const std::string ours = std::string("check_") + series.Name;
     const std::string peer = std::string("pcre2_jit_") + series.Name;
-    benchmark::RegisterBenchmark(
-        ours.c_str(), [&series](benchmark::State& state) { bench::CheckInTurn(state, series.Pairs); });
-    benchmark::RegisterBenchmark(
-        peer.c_str(), [&series](benchmark::State& state) { bench::MatchInTurn(state, series.Pairs); });
+    benchmark::RegisterBenchmark(ours.c_str(),
+                                 [&series](benchmark::State& state) { bench::CheckInTurn(state, series.Pairs); });
+    benchmark::RegisterBenchmark(peer.c_str(),
+                                 [&series](benchmark::State& state) { bench::MatchInTurn(state, series.Pairs); });
     goals.push_back({std::string("check / PCRE2 JIT: ") + series.Text, ours, peer, bench::Goal::Bound::AtMost, 1.0});
   }
   return bench::RunWithGoals(count, arguments, goals);

@@ -13,9 +13,9 @@
 namespace bench {
 namespace {
 
-constexpr std::array<std::string_view, 14> Names{"CODE_ID",     "CODE",      "TEXT",    "LOCALTEXT", "VALUEADDED",
-                                                 "FREQUENCY",   "TIME",      "PAR_1_START", "PAR_1_END", "PATTERN",
-                                                 "PATTERN1",    "TIMETYPE",  "PAR_ID",  "OPTION_ID"};
+constexpr std::array<std::string_view, 14> Names{"CODE_ID",   "CODE",     "TEXT",        "LOCALTEXT", "VALUEADDED",
+                                                 "FREQUENCY", "TIME",     "PAR_1_START", "PAR_1_END", "PATTERN",
+                                                 "PATTERN1",  "TIMETYPE", "PAR_ID",      "OPTION_ID"};
 
 std::string_view TextOf(const xmlChar* text) {
   return text == nullptr ? std::string_view() : std::string_view(reinterpret_cast<const char*>(text));

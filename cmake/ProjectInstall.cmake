@@ -37,9 +37,7 @@ install(FILES ${PROJECT_BINARY_DIR}/package/VEXTimeAnalysisModeler.pc
 
 install(DIRECTORY VEXTimeAnalysisModeler/include/ DESTINATION ${header_folder} FILES_MATCHING PATTERN "*.h")
 install(DIRECTORY platform DESTINATION ${header_folder} FILES_MATCHING PATTERN "*.h")
-if(EXISTS ${PROJECT_SOURCE_DIR}/catalogue)
-  install(DIRECTORY catalogue DESTINATION ${data_folder})
-endif()
+install(DIRECTORY catalogue DESTINATION ${data_folder})
 if(TARGET timeanalysis)
   install(TARGETS timeanalysis RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()

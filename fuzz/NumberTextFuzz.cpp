@@ -2,6 +2,7 @@
 // Input: a text; its first eight bytes are printed as a real too, and the first four as an integer.
 #include <array>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <optional>
 
@@ -30,10 +31,10 @@ void CompareReals(const std::string& text) {
   const auto real = Scan<double>(text, "%le");
   fuzz::RequireSame(real.has_value(), kornumber::ReadReal(text).has_value(), "real is read");
   if (real) fuzz::RequireSameNumber(*real, *kornumber::ReadReal(text), "real");
-  double whole = 0.0;
-  int end = -1;
-  const bool is_whole = std::sscanf(text.c_str(), "%le %n", &whole, &end) == 1 &&
-                        static_cast<std::size_t>(end) == text.size();
+  if (text.find('(') != std::string::npos) return;  // what strtod takes behind "nan" belongs to no number here
+  char* end = nullptr;
+  const double whole = std::strtod(text.c_str(), &end);
+  const bool is_whole = real && end[std::strspn(end, " \t\n\v\f\r")] == '\0';
   fuzz::RequireSame(is_whole, kornumber::ReadWholeReal(text).has_value(), "whole real is read");
   if (is_whole) fuzz::RequireSameNumber(whole, *kornumber::ReadWholeReal(text), "whole real");
 }

@@ -24,7 +24,9 @@ struct CheckedCatalogue {
   int Entries = 0;
 };
 
-KORUnicodeString Text(std::string_view bytes) { return KORUnicodeString(bytes); }
+KORUnicodeString Text(std::string_view bytes) {
+  return KORUnicodeString(bytes);
+}
 
 KORIDOMNode_var FirstElement(const KORIDOMNode_var& below, std::string_view name) {
   KORIDOMNodeList_var elements;
@@ -65,7 +67,8 @@ void CheckEntryFile(const std::string& system, const std::string& path, const Ca
   KORIDOMNodeList_var elements;
   root.GetElementsByTagName("DATACARDENTRY", elements);
   const int count = std::min(elements.IsNull() ? 0 : elements.GetLength(), service.GetDCEntriesCount());
-  if (count == 0) checked.Findings.push_back({path, root.GetLineNumber(), 0, "", findingkind::Missing, "no DATACARDENTRY"});
+  if (count == 0)
+    checked.Findings.push_back({path, root.GetLineNumber(), 0, "", findingkind::Missing, "no DATACARDENTRY"});
   checked.Entries += count;
   EntryCheck check(service);
   for (int index = 0; index < count; ++index) {
@@ -99,7 +102,8 @@ void CheckCardFile(const std::string& path, CheckedCatalogue& checked) {
           std::string(name) + (field.IsNull() ? " is missing" : " is empty"));
     } else if (std::string_view(name) == "SUBSYSTEM" && !IsSystem(field.GetFirstChild().GetNodeValue())) {
       add(field.GetLineNumber(), findingkind::File,
-          "\"" + std::string(field.GetFirstChild().GetNodeValue()) + "\" is no motion-time system; nothing lists the group");
+          "\"" + std::string(field.GetFirstChild().GetNodeValue()) +
+              "\" is no motion-time system; nothing lists the group");
     }
   }
 }
@@ -121,7 +125,8 @@ void CheckStrayFiles(const std::set<std::string>& folders, CheckedCatalogue& che
       const std::string name = std::filesystem::path(path).filename().string();
       const bool known = std::any_of(SystemNames.begin(), SystemNames.end(),
                                      [&name](std::string_view system) { return EntryFileOf(system) == name; });
-      if (!known) checked.Findings.push_back({path, 0, 0, "", findingkind::File, "no system reads a file of this name"});
+      if (!known)
+        checked.Findings.push_back({path, 0, 0, "", findingkind::File, "no system reads a file of this name"});
     }
   }
 }

@@ -20,7 +20,8 @@ struct HelpText {
   const char* Rest;
 };
 
-constexpr HelpText EvalHelp{"Evaluates time formulas: value, status and text of each", R"(A formula holds numbers (a digit first), + - * / and parentheses, and calls of
+constexpr HelpText EvalHelp{"Evaluates time formulas: value, status and text of each",
+                            R"(A formula holds numbers (a digit first), + - * / and parentheses, and calls of
 sin cos tan exp pow sqrt abs, MTM1REACH MTM1MOVE MTM1DYNAMICFACTOR
 MTM1STATICCONSTANT MTM1POSITION MTM1TURN MTM1EYETRAVEL MTM1SIDESTEP
 MTM1LEGMOTION, WFASY WFPP WFT, and MOST. "," or "_" separates arguments. A sign
@@ -30,21 +31,25 @@ Status: 0 evaluated; -1 division by zero; -2 unknown character or failed name;
 above 0 a syntax error, the place just behind the last token read.
 )"};
 
-constexpr HelpText CodeHelp{"Looks codes up in the catalogue of a motion-time system", R"(The catalogue is that of --catalogue; otherwise the setting datacardpath, the
+constexpr HelpText CodeHelp{"Looks codes up in the catalogue of a motion-time system",
+                            R"(The catalogue is that of --catalogue; otherwise the setting datacardpath, the
 environment variable KORStartupPath and the installed catalogue are tried.
 )"};
 
-constexpr HelpText NormHelp{"Turns norm texts of MOST and MODAPTS into code form, and back for MOST", R"(Systems: MOST, MiniMOST, MaxiMOST, and MODAPTS from norm text to code only.
+constexpr HelpText NormHelp{"Turns norm texts of MOST and MODAPTS into code form, and back for MOST",
+                            R"(Systems: MOST, MiniMOST, MaxiMOST, and MODAPTS from norm text to code only.
 )"};
 
-constexpr HelpText PatternHelp{"Tells whether codes match a code pattern, and what each token took", R"("pattern -" reads lines of system, pattern and code with tabs between them.
+constexpr HelpText PatternHelp{"Tells whether codes match a code pattern, and what each token took",
+                               R"("pattern -" reads lines of system, pattern and code with tabs between them.
 )"};
 
 constexpr HelpText CatalogueHelp{"Lists or checks the files of a catalogue", ""};
 
 constexpr HelpText ListHelp{"Lists the systems, their files, entries and card groups", ""};
 
-constexpr HelpText CheckHelp{"Reports what is wrong with the files of a catalogue", R"(Looked for: files that do not parse, missing and unread fields, duplicate codes,
+constexpr HelpText CheckHelp{"Reports what is wrong with the files of a catalogue",
+                             R"(Looked for: files that do not parse, missing and unread fields, duplicate codes,
 patterns that do not mean what they say or can never match, formulas that fail.
 )"};
 
@@ -72,7 +77,9 @@ std::vector<std::string> Shielded(const std::vector<std::string>& arguments) {
   return shielded;
 }
 
-void Unshield(std::string& text) { text.erase(std::remove(text.begin(), text.end(), Shield), text.end()); }
+void Unshield(std::string& text) {
+  text.erase(std::remove(text.begin(), text.end(), Shield), text.end());
+}
 
 void AddVersion(CLI::App& app) {
   app.set_version_flag("--version", std::string(ProgramName) + " " + TIMEANALYSIS_VERSION, "Show the version");
@@ -84,7 +91,8 @@ void AddJson(CLI::App& app, CommandLine& line) {
 }
 
 void AddCatalogueOptions(CLI::App& app, CommandLine& line) {
-  app.add_option("--catalogue", line.Catalogue, "Folder that holds DataCardEntry and DataCard; nothing else is searched")
+  app.add_option("--catalogue", line.Catalogue,
+                 "Folder that holds DataCardEntry and DataCard; nothing else is searched")
       ->type_name("FOLDER");
   app.add_option("--settings", line.Settings, "Settings file, with datacardpath and mintotmuconversion")
       ->type_name("FILE");
@@ -145,16 +153,19 @@ Commands AddCommands(CLI::App& app, CommandLine& line, std::string& folder) {
   commands.Norm = AddCommand(app, "norm", NormHelp);
   AddSystem(*commands.Norm, line);
   AddTexts(*commands.Norm, line, "TEXT", "Norm texts or codes; - reads them from standard input, one a line");
-  commands.Norm->add_option("--frequency", line.Frequency, "Frequency of the line, a number or a formula; 1 unless given")
+  commands.Norm
+      ->add_option("--frequency", line.Frequency, "Frequency of the line, a number or a formula; 1 unless given")
       ->type_name("F");
-  commands.Norm->add_option("--to", line.To, "code or norm; unless given, a text with \"-\" goes to norm, any other to code")
+  commands.Norm
+      ->add_option("--to", line.To, "code or norm; unless given, a text with \"-\" goes to norm, any other to code")
       ->type_name("FORM")
       ->check(CLI::IsMember({"code", "norm"}));
 
   commands.Pattern = AddCommand(app, "pattern", PatternHelp);
   AddSystem(*commands.Pattern, line);
   commands.Pattern->add_option("PATTERN", line.Pattern, "Code pattern, as '\"GR\"%[1,80]'")->type_name("");
-  commands.Pattern->add_option("CODE", line.Texts, "Codes; - reads them from standard input, one a line")->type_name("");
+  commands.Pattern->add_option("CODE", line.Texts, "Codes; - reads them from standard input, one a line")
+      ->type_name("");
 
   commands.Catalogue = AddCommand(app, "catalogue", CatalogueHelp);
   commands.Catalogue->require_subcommand(1);
@@ -243,7 +254,9 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
     std::reverse(reversed.begin(), reversed.end());  // the parser takes its arguments from the back
     app.parse(std::move(reversed));
   } catch (const CLI::CallForHelp&) {
-    line.Information = app.help();
+    std::string help = app.help();
+    help.erase(help.find_last_not_of('\n') + 1);
+    line.Information = help + "\n";
     return line;
   } catch (const CLI::CallForVersion& version) {
     line.Information = std::string(version.what()) + "\n";

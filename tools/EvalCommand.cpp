@@ -17,8 +17,7 @@ void RunEval(const CommandLine& line, const Surroundings& surroundings, Answers&
     int status = 0;  // an empty formula leaves it alone
     const double value = service.GetTimeFromFormula(formula, status);
     if (line.Json) {
-      WriteJsonLine(answers.Out(),
-                    {{"formula", formula.Bytes()}, {"status", status}, {"value", JsonNumber(value)}});
+      WriteJsonLine(answers.Out(), {{"formula", formula.Bytes()}, {"status", status}, {"value", JsonNumber(value)}});
     } else {
       answers.Out() << NumberText(value) << '\t' << status << '\t' << formula.Bytes() << '\n';
     }

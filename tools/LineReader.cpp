@@ -19,7 +19,8 @@ constexpr std::size_t BlockSize = std::size_t{64} << 10;
 }  // namespace
 
 LineReader::LineReader(std::istream& input, std::function<void()> before_waiting)
-    : _Input(input), _BeforeWaiting(std::move(before_waiting)) {}
+    : _Input(input), _BeforeWaiting(std::move(before_waiting)) {
+}
 
 // Appends what the stream has ready, and waits for it only if it has nothing.
 bool LineReader::Fill() {

@@ -13,10 +13,16 @@ namespace {
 constexpr int LongestExcerpt = 60;
 constexpr int CaretWindow = 100;  // characters of a formula shown around the caret
 
-Failure Finding(const std::string& text) { return {ExitStatus::Finding, text}; }
-Failure Unusable(const std::string& text) { return {ExitStatus::Unusable, text}; }
+Failure Finding(const std::string& text) {
+  return {ExitStatus::Finding, text};
+}
+Failure Unusable(const std::string& text) {
+  return {ExitStatus::Unusable, text};
+}
 
-std::string Quoted(std::string_view text) { return "\"" + Excerpt(text) + "\""; }
+std::string Quoted(std::string_view text) {
+  return "\"" + Excerpt(text) + "\"";
+}
 
 // Where a text came from: nothing for an argument, the line for a line of the input.
 std::string At(std::size_t line) {
@@ -100,8 +106,8 @@ Failure UnknownSystem(std::string_view name) {
 }
 
 Failure DashNotAlone(const std::string& command) {
-  return WrongUsage("\"-\", which reads standard input, does not go together with other texts; leave out one or the other",
-                    command);
+  return WrongUsage(
+      "\"-\", which reads standard input, does not go together with other texts; leave out one or the other", command);
 }
 
 Failure TwoCatalogueFolders(const std::string& argument, const std::string& option) {
@@ -131,8 +137,9 @@ Failure InputNotReadable(const std::string& cause) {
 }
 
 Failure NulInLine(std::size_t line) {
-  return Unusable(At(line) + "holds a NUL byte, which no text does (is the file UTF-16?); give it as UTF-8. "
-                             "This line and those behind it are not read");
+  return Unusable(At(line) +
+                  "holds a NUL byte, which no text does (is the file UTF-16?); give it as UTF-8. "
+                  "This line and those behind it are not read");
 }
 
 Failure LineTooLong(std::size_t line, std::size_t bound) {
@@ -141,8 +148,9 @@ Failure LineTooLong(std::size_t line, std::size_t bound) {
 }
 
 Failure PatternLineWithoutFields(std::size_t line) {
-  return Unusable(At(line) + "not three fields; give system, pattern and code with a tab between them. "
-                             "This line and those behind it are not read");
+  return Unusable(At(line) +
+                  "not three fields; give system, pattern and code with a tab between them. "
+                  "This line and those behind it are not read");
 }
 
 Failure UnknownSystemInLine(std::size_t line, std::string_view name) {
@@ -153,7 +161,9 @@ Failure OutputNotWritable() {
   return Unusable("the answers cannot be written to standard output; is the disk full, or the reader gone?");
 }
 
-Failure OutOfMemory() { return Unusable("out of memory; give smaller texts or files"); }
+Failure OutOfMemory() {
+  return Unusable("out of memory; give smaller texts or files");
+}
 
 Failure SettingsNotReadable(const std::string& path) {
   return Unusable("the settings file " + path + " cannot be read; check that it is there, is a file and may be read");
@@ -198,7 +208,8 @@ Failure FormulaFails(std::string_view formula, int status, std::string_view syst
   const int character = CharacterAtPlace(text, status, system);
   const bool moved = character + 1 != status;
   return Finding(head + FormulaCause(character + 1) +
-                 (moved ? " (" + std::to_string(status) + " without the floor words)" : "") + WithCaret(text, character));
+                 (moved ? " (" + std::to_string(status) + " without the floor words)" : "") +
+                 WithCaret(text, character));
 }
 
 Failure CodeNotFound(const std::string& system, std::string_view code, const std::string& path,
@@ -209,9 +220,10 @@ Failure CodeNotFound(const std::string& system, std::string_view code, const std
 }
 
 Failure NormNotReadable(std::string_view text, std::size_t line) {
-  return Finding(At(line) + Quoted(text) +
-                 " is no MODAPTS sequence: only letters, digits, blanks, brackets and, in a multiplier, \"*\" and \"/\" "
-                 "have a place in one");
+  return Finding(
+      At(line) + Quoted(text) +
+      " is no MODAPTS sequence: only letters, digits, blanks, brackets and, in a multiplier, \"*\" and \"/\" "
+      "have a place in one");
 }
 
 Failure CodeNotInLookupForm(std::string_view code, const std::string& lookup_form, std::size_t line) {

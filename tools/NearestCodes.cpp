@@ -19,10 +19,14 @@ constexpr std::size_t LongestForStrokes = 24;
 // A long list of unknown codes is to stay quick: behind so many lookups only listed codes are named.
 constexpr int MostStrokeLookups = 250'000;
 
-bool IsDigit(char character) { return std::isdigit(static_cast<unsigned char>(character)) != 0; }
+bool IsDigit(char character) {
+  return std::isdigit(static_cast<unsigned char>(character)) != 0;
+}
 
 // How far a code may be and still be called near.
-std::size_t FarthestFor(std::string_view typed) { return std::clamp<std::size_t>(typed.size() / 2, 1, 3); }
+std::size_t FarthestFor(std::string_view typed) {
+  return std::clamp<std::size_t>(typed.size() / 2, 1, 3);
+}
 
 }  // namespace
 

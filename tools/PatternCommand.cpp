@@ -58,7 +58,9 @@ void WriteTokens(std::ostream& output, const std::vector<PatternToken>& tokens, 
     const bool parameter = token.Kind == PatternKind::Integer || token.Kind == PatternKind::Real;
     const bool known = match.Matches && position < static_cast<std::size_t>(match.Count);
     row(std::to_string(position), token.Source, known && parameter ? NumberText(match.Values[position]) : "-",
-        !known ? "-" : match.Flags[position] != 0 ? "yes" : "no");
+        !known                       ? "-"
+        : match.Flags[position] != 0 ? "yes"
+                                     : "no");
   }
 }
 
@@ -137,16 +139,14 @@ class PatternLines {
 void RunPattern(const CommandLine& line, const Surroundings& surroundings, Answers& answers) {
   if (line.System == "-") {
     PatternLines lines(line, answers);
-    ForEachText(line, surroundings,
-                [&lines](std::string_view text, std::size_t number) { lines.Take(text, number); });
+    ForEachText(line, surroundings, [&lines](std::string_view text, std::size_t number) { lines.Take(text, number); });
     return;
   }
   VEXSTMTimeAnalysisDlgServices service;
   SelectSystem(line.System, service);
   const AuthorPattern pattern(service, line.Pattern);
-  ForEachText(line, surroundings, [&](std::string_view code, std::size_t number) {
-    Answer(line, pattern, code, number, answers);
-  });
+  ForEachText(line, surroundings,
+              [&](std::string_view code, std::size_t number) { Answer(line, pattern, code, number, answers); });
 }
 
 }  // namespace tool

@@ -31,8 +31,8 @@ PatternMatch MatchablePattern::Match(std::string_view code) const {
   const auto length = static_cast<std::size_t>(std::max(_TokenCount, LookupArrayLength));
   match.Values.resize(length);
   match.Flags.resize(length);
-  match.Matches = _Service.CheckDataCardCodePattern(KORUnicodeString(code), _Pattern, match.Count,
-                                                    match.Values.data(), match.Flags.data()) != 0;
+  match.Matches = _Service.CheckDataCardCodePattern(KORUnicodeString(code), _Pattern, match.Count, match.Values.data(),
+                                                    match.Flags.data()) != 0;
   return match;
 }
 

@@ -29,14 +29,14 @@ enum class PatternKind : int {
 
 struct PatternToken {
   PatternKind Kind = PatternKind::Unknown;
-  std::string Source;          // as written, with its quotes or range
-  std::string Text;            // of a literal, without its quotes
-  int Min = -1000000;          // of a parameter, both inclusive
+  std::string Source;  // as written, with its quotes or range
+  std::string Text;    // of a literal, without its quotes
+  int Min = -1000000;  // of a parameter, both inclusive
   int Max = 1000000;
-  bool BlankAhead = false;     // a blank or a line feed stands ahead of it
-  bool Open = false;           // the closing quote or the "]" is missing
+  bool BlankAhead = false;  // a blank or a line feed stands ahead of it
+  bool Open = false;        // the closing quote or the "]" is missing
   bool RangeWithoutComma = false;
-  bool BoundNotRead = false;   // a bound is no whole number
+  bool BoundNotRead = false;  // a bound is no whole number
 };
 
 /// The tokens of a pattern; their places in the list are the positions that formulas and options refer to.

@@ -24,7 +24,9 @@ namespace kornumber {
 
 namespace {
 
-bool IsDigit(char character) { return character >= '0' && character <= '9'; }
+bool IsDigit(char character) {
+  return character >= '0' && character <= '9';
+}
 
 char Lower(char character) {
   return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
@@ -34,7 +36,9 @@ bool IsHexadecimalDigit(char character) {
   return IsDigit(character) || (Lower(character) >= 'a' && Lower(character) <= 'f');
 }
 
-bool IsSpace(char character) { return character == ' ' || (character >= '\t' && character <= '\r'); }
+bool IsSpace(char character) {
+  return character == ' ' || (character >= '\t' && character <= '\r');
+}
 
 // Walks along a text; behind its end stands a NUL, which is part of no number.
 class Scanner {
@@ -82,7 +86,9 @@ struct Real {
   std::size_t End;
 };
 
-int LowBits(std::uint64_t number) { return static_cast<int>(static_cast<std::uint32_t>(number)); }
+int LowBits(std::uint64_t number) {
+  return static_cast<int>(static_cast<std::uint32_t>(number));
+}
 
 // The nearest real number of a text that is one, by the C library: the slow way, for the rare shapes.
 Real ReadByLibrary(std::string_view number, std::size_t start) {

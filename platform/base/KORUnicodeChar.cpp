@@ -18,4 +18,6 @@ bool KORUnicodeChar::IsAlpha(char32_t character) {
   }
 }
 
-bool KORUnicodeChar::IsDigit(char32_t character) { return character >= '0' && character <= '9'; }
+bool KORUnicodeChar::IsDigit(char32_t character) {
+  return character >= '0' && character <= '9';
+}

@@ -58,9 +58,11 @@ long Deliver(const std::optional<Number>& read, Number& number) {
 }  // namespace
 
 KORUnicodeString::KORUnicodeString(const char* bytes)
-    : KORUnicodeString(bytes == nullptr ? std::string_view() : std::string_view(bytes)) {}
+    : KORUnicodeString(bytes == nullptr ? std::string_view() : std::string_view(bytes)) {
+}
 
-KORUnicodeString::KORUnicodeString(std::string_view bytes) : _Bytes(AsUtf8(bytes)) {}
+KORUnicodeString::KORUnicodeString(std::string_view bytes) : _Bytes(AsUtf8(bytes)) {
+}
 
 KORUnicodeString::KORUnicodeString(std::wstring_view characters) {
   _Bytes.reserve(characters.size());
@@ -79,7 +81,9 @@ std::wstring KORUnicodeString::ConvertToWideChar() const {
   return characters;
 }
 
-int KORUnicodeString::GetLengthInChar() const { return CharacterPosition(_Bytes.size()); }
+int KORUnicodeString::GetLengthInChar() const {
+  return CharacterPosition(_Bytes.size());
+}
 
 KORUnicodeString KORUnicodeString::SubString(int position, int length) const {
   const auto [start, count] = ClipToText(position, length);
@@ -179,4 +183,6 @@ int KORUnicodeString::CharacterPosition(std::size_t byte_offset) const {
   return static_cast<int>(korutf8::CountCharacters(Bytes().substr(0, byte_offset)));
 }
 
-bool KORUnicodeString::IsAscii() const { return korutf8::IsAscii(_Bytes); }
+bool KORUnicodeString::IsAscii() const {
+  return korutf8::IsAscii(_Bytes);
+}

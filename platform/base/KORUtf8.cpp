@@ -18,9 +18,13 @@ std::uint64_t BlockAt(std::string_view bytes, std::size_t offset) {
   return block;
 }
 
-unsigned char ByteAt(std::string_view bytes, std::size_t offset) { return static_cast<unsigned char>(bytes[offset]); }
+unsigned char ByteAt(std::string_view bytes, std::size_t offset) {
+  return static_cast<unsigned char>(bytes[offset]);
+}
 
-bool IsContinuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
+bool IsContinuation(unsigned char byte) {
+  return (byte & 0xC0) == 0x80;
+}
 
 // Bytes of a block that begin a character: all but those with the bits 10 at their head.
 std::size_t CountHeads(std::uint64_t block) {

@@ -7,20 +7,29 @@
 #include "platform/document/KORXMLTree.h"
 
 KORIDOMNode_var::KORIDOMNode_var(std::shared_ptr<const KORXMLTree> tree, std::uint32_t index)
-    : _Tree(std::move(tree)), _Index(index) {}
+    : _Tree(std::move(tree)), _Index(index) {
+}
 
 const KORXMLTree& KORIDOMNode_var::Tree() const {
   if (_Tree == nullptr) ThrowErrorNullVar();
   return *_Tree;
 }
 
-bool KORIDOMNode_var::IsElement() const { return Tree().IsElement(_Index); }
+bool KORIDOMNode_var::IsElement() const {
+  return Tree().IsElement(_Index);
+}
 
-std::string_view KORIDOMNode_var::GetNodeName() const { return Tree().NameOf(_Index); }
+std::string_view KORIDOMNode_var::GetNodeName() const {
+  return Tree().NameOf(_Index);
+}
 
-std::string_view KORIDOMNode_var::GetNodeValue() const { return Tree().ValueOf(_Index); }
+std::string_view KORIDOMNode_var::GetNodeValue() const {
+  return Tree().ValueOf(_Index);
+}
 
-int KORIDOMNode_var::GetLineNumber() const { return static_cast<int>(Tree().Node(_Index).Line); }
+int KORIDOMNode_var::GetLineNumber() const {
+  return static_cast<int>(Tree().Node(_Index).Line);
+}
 
 KORIDOMNode_var KORIDOMNode_var::GetFirstChild() const {
   const std::uint32_t child = Tree().FirstChildOf(_Index);
@@ -67,7 +76,8 @@ KORIDOMNode_var KORIDOMNodeList_var::Item(int index) const {
   return {_Tree, _Nodes[static_cast<std::size_t>(index)]};
 }
 
-KORIDOMDocument_var::KORIDOMDocument_var(std::shared_ptr<const KORXMLTree> tree) : _Tree(std::move(tree)) {}
+KORIDOMDocument_var::KORIDOMDocument_var(std::shared_ptr<const KORXMLTree> tree) : _Tree(std::move(tree)) {
+}
 
 KORIDOMElement_var KORIDOMDocument_var::GetDocumentElement() const {
   if (_Tree == nullptr) ThrowErrorNullVar();

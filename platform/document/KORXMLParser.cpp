@@ -63,7 +63,8 @@ long ParseFile(const KORUnicodeString& path, KORIDOMDocument_var& document) {
 }  // namespace
 
 KORISAXInputSource::KORISAXInputSource(KORUnicodeString path, KORUnicodeString label)
-    : _Path(std::move(path)), _Label(std::move(label)) {}
+    : _Path(std::move(path)), _Label(std::move(label)) {
+}
 
 long KORIXMLSAX2Factory::CreateInputSourceFromFile(const KORUnicodeString& path, const KORUnicodeString& label,
                                                    KORISAXInputSource_var& source) const {

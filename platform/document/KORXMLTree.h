@@ -25,11 +25,11 @@ enum class KORXMLKind : std::uint32_t {
 /// One node. Nodes lie in document order, so that what is below an element lies right behind it.
 struct KORXMLNode {
   KORXMLKind Kind : 3;
-  std::uint32_t Name : 29;      // number of the name
-  std::uint32_t Begin;          // of an element: number of children; else: place of the content in the text
-  std::uint32_t End;            // of an element: index behind the last node below it; else: end of the content
-  std::uint32_t NextSibling;    // index, or 0 if there is none: the root is nobody's sibling
-  std::uint32_t Line;           // from 1
+  std::uint32_t Name : 29;    // number of the name
+  std::uint32_t Begin;        // of an element: number of children; else: place of the content in the text
+  std::uint32_t End;          // of an element: index behind the last node below it; else: end of the content
+  std::uint32_t NextSibling;  // index, or 0 if there is none: the root is nobody's sibling
+  std::uint32_t Line;         // from 1
 };
 static_assert(sizeof(KORXMLNode) == 20);
 

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstdint>
+#include <cstring>
 #include <limits>
 #include <memory>
 #include <new>
@@ -30,10 +32,44 @@ bool IsNamed(std::string_view name, std::string_view lower_case) {
   });
 }
 
+// Tells the lines of events, which come in the order of the content. The parser's own count looks at each character
+// anew; where the ends of lines are single bytes, searching for them is faster.
+class LineCounter {
+ public:
+  explicit LineCounter(std::string_view content)
+      : _Content(content),
+        _IsPlain(content.find('\r') == content.npos && content.substr(0, 2).find('\0') == content.npos &&
+                 !content.starts_with("\xFE\xFF") && !content.starts_with("\xFF\xFE")) {}
+
+  std::uint32_t LineOf(XML_Parser parser) {
+    if (!_IsPlain) return static_cast<std::uint32_t>(XML_GetCurrentLineNumber(parser));
+    const XML_Index place = XML_GetCurrentByteIndex(parser);
+    const std::size_t end = place < 0 ? 0 : static_cast<std::size_t>(place);
+    while (_Offset < end) {
+      const void* const line_end = std::memchr(_Content.data() + _Offset, '\n', end - _Offset);
+      if (line_end == nullptr) break;
+      ++_Line;
+      _Offset = static_cast<std::size_t>(static_cast<const char*>(line_end) - _Content.data()) + 1;
+    }
+    _Offset = std::max(_Offset, end);
+    return _Line;
+  }
+
+ private:
+  std::string_view _Content;
+  bool _IsPlain;
+  std::size_t _Offset = 0;
+  std::uint32_t _Line = 1;
+};
+
 // Takes the events of one parse. The events come through the parser's C frames, which no exception may cross.
 class TreeBuilder {
  public:
-  TreeBuilder() : _Parser(XML_ParserCreate(nullptr), XML_ParserFree), _Tree(std::make_shared<KORXMLTree>()) {
+  explicit TreeBuilder(std::string_view content)
+      : _Content(content),
+        _Parser(XML_ParserCreate(nullptr), XML_ParserFree),
+        _Tree(std::make_shared<KORXMLTree>()),
+        _Lines(content) {
     if (_Parser == nullptr) throw std::bad_alloc();
     XML_Parser parser = _Parser.get();
     XML_SetUserData(parser, this);
@@ -49,8 +85,8 @@ class TreeBuilder {
     XML_SetBillionLaughsAttackProtectionMaximumAmplification(parser, MostAmplification);
   }
 
-  std::shared_ptr<const KORXMLTree> Build(std::string_view content, std::string& fault) {
-    if (XML_Parse(_Parser.get(), content.data(), static_cast<int>(content.size()), XML_TRUE) == XML_STATUS_OK &&
+  std::shared_ptr<const KORXMLTree> Build(std::string& fault) {
+    if (XML_Parse(_Parser.get(), _Content.data(), static_cast<int>(_Content.size()), XML_TRUE) == XML_STATUS_OK &&
         _Cause.empty()) {
       _Tree->Finish();
       return std::move(_Tree);
@@ -76,10 +112,20 @@ class TreeBuilder {
 
   void Stop(std::string_view cause) noexcept {
     _Cause = cause;
+    _StopPlace = CurrentPlace();  // the parser still moves on
     XML_StopParser(_Parser.get(), XML_FALSE);
   }
 
-  std::uint32_t Line() const { return static_cast<std::uint32_t>(XML_GetCurrentLineNumber(_Parser.get())); }
+  struct Place {
+    XML_Size Line = 0;
+    XML_Size Column = 0;  // from 0
+  };
+
+  Place CurrentPlace() const noexcept {
+    return {XML_GetCurrentLineNumber(_Parser.get()), XML_GetCurrentColumnNumber(_Parser.get())};
+  }
+
+  std::uint32_t Line() { return _Lines.LineOf(_Parser.get()); }
 
   // Ends the text that was being collected from pieces.
   void EndText() {
@@ -138,9 +184,8 @@ class TreeBuilder {
   }
 
   static void XMLCALL Instruction(void* user_data, const XML_Char* target, const XML_Char* content) {
-    Handle(user_data, [target, content](TreeBuilder& builder) {
-      builder.AddLeaf(KORXMLKind::Instruction, target, content);
-    });
+    Handle(user_data,
+           [target, content](TreeBuilder& builder) { builder.AddLeaf(KORXMLKind::Instruction, target, content); });
   }
 
   static void XMLCALL EntityDeclaration(void* user_data, const XML_Char*, int, const XML_Char*, int, const XML_Char*,
@@ -159,23 +204,24 @@ class TreeBuilder {
   }
 
   std::string DescribeFault() const {
-    XML_Parser parser = _Parser.get();
-    std::string fault = "line " + std::to_string(XML_GetCurrentLineNumber(parser)) + ", column " +
-                        std::to_string(XML_GetCurrentColumnNumber(parser) + 1);
+    const bool stopped = !_Cause.empty();
+    const Place place = stopped ? _StopPlace : CurrentPlace();
+    std::string fault = "line " + std::to_string(place.Line) + ", column " + std::to_string(place.Column + 1);
     if (const std::string_view name = _Tree->InnermostName(); !name.empty()) {
       fault.append(", in element <").append(name).append(">");
     }
-    fault += ": ";
-    if (!_Cause.empty()) return fault.append(_Cause);
-    return fault += XML_ErrorString(XML_GetErrorCode(parser));
+    return fault.append(": ").append(stopped ? _Cause : XML_ErrorString(XML_GetErrorCode(_Parser.get())));
   }
 
+  std::string_view _Content;
   std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> _Parser;
   std::shared_ptr<KORXMLTree> _Tree;
+  LineCounter _Lines;
   std::uint32_t _TextLine = 0;
   bool _InSection = false;
   int _EntityDeclarations = 0;
   std::string_view _Cause;  // of a parse stopped by an event; a text that lives for ever
+  Place _StopPlace;
 };
 
 }  // namespace
@@ -185,5 +231,5 @@ std::shared_ptr<const KORXMLTree> KORBuildXMLTree(std::string_view content, std:
     fault = "the file is longer than 2,147,483,647 bytes";
     return nullptr;
   }
-  return TreeBuilder().Build(content, fault);
+  return TreeBuilder(content).Build(fault);
 }

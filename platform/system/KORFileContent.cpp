@@ -12,7 +12,9 @@
 
 namespace {
 
-std::string CauseOf(int error) { return std::generic_category().message(error); }
+std::string CauseOf(int error) {
+  return std::generic_category().message(error);
+}
 
 // A file that is open as long as this lives.
 class OpenFile {

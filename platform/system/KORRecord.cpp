@@ -3,4 +3,6 @@
 
 #include "platform/system/KORSession.h"
 
-KORRecord* KORRecord::GetMain() { return &KORSession::Current().GetRecorder(); }
+KORRecord* KORRecord::GetMain() {
+  return &KORSession::Current().GetRecorder();
+}

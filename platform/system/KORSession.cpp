@@ -17,7 +17,8 @@ KORSession*& InnermostSession() {
 
 }  // namespace
 
-KORSession::KORSession() : _OperatingSystem(HostOperatingSystem) {}
+KORSession::KORSession() : _OperatingSystem(HostOperatingSystem) {
+}
 
 KORSession::~KORSession() = default;
 
@@ -27,13 +28,21 @@ KORSession& KORSession::Current() {
   return innermost == nullptr ? process_session : *innermost;
 }
 
-KORSession::Scope::Scope(KORSession& session) : _Before(InnermostSession()) { InnermostSession() = &session; }
+KORSession::Scope::Scope(KORSession& session) : _Before(InnermostSession()) {
+  InnermostSession() = &session;
+}
 
-KORSession::Scope::~Scope() { InnermostSession() = _Before; }
+KORSession::Scope::~Scope() {
+  InnermostSession() = _Before;
+}
 
-void KORSession::SetEnvironment(const std::string& name, const KORUnicodeString& value) { _Environment[name] = value; }
+void KORSession::SetEnvironment(const std::string& name, const KORUnicodeString& value) {
+  _Environment[name] = value;
+}
 
-void KORSession::UnsetEnvironment(const std::string& name) { _Environment[name] = std::nullopt; }
+void KORSession::UnsetEnvironment(const std::string& name) {
+  _Environment[name] = std::nullopt;
+}
 
 std::optional<KORUnicodeString> KORSession::GetEnvironment(const std::string& name) const {
   if (const auto found = _Environment.find(name); found != _Environment.end()) return found->second;
@@ -52,9 +61,13 @@ KORSettingRepository* KORSession::FindRepository(const KORUnicodeString& name) {
   return found == _Repositories.end() ? nullptr : found->second.get();
 }
 
-void KORSession::InjectFault(const std::string& operation, long status) { _Faults[operation] = status; }
+void KORSession::InjectFault(const std::string& operation, long status) {
+  _Faults[operation] = status;
+}
 
-void KORSession::ClearFaults() { _Faults.clear(); }
+void KORSession::ClearFaults() {
+  _Faults.clear();
+}
 
 long KORSession::GetFault(const char* operation) const {
   if (_Faults.empty()) return S_OK;

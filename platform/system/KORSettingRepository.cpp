@@ -28,8 +28,7 @@ std::string_view TakeLine(std::string_view& rest) {
 
 }  // namespace
 
-KORSettingRepository* KORSettingRepository::GetRepository(const KORUnicodeString& name, int /*access*/,
-                                                          int /*scope*/) {
+KORSettingRepository* KORSettingRepository::GetRepository(const KORUnicodeString& name, int /*access*/, int /*scope*/) {
   return KORSession::Current().FindRepository(name);
 }
 

@@ -45,7 +45,9 @@ KORUnicodeString KORGetEnv(const KORUnicodeString& name) {
   return KORSession::Current().GetEnvironment(std::string(name.Bytes())).value_or(KORUnicodeString());
 }
 
-int KORGetOperatingSystem(int /*reserved*/) { return KORSession::Current().GetOperatingSystem(); }
+int KORGetOperatingSystem(int /*reserved*/) {
+  return KORSession::Current().GetOperatingSystem();
+}
 
 long KORSysGetLocalDecimalChar(KORUnicodeString& character) {
   if (const long fault = KORSession::Current().GetFault("KORSysGetLocalDecimalChar"); fault != S_OK) return fault;

@@ -25,7 +25,7 @@ using namespace std::string_view_literals;
 constexpr std::array CodePieces{"A"sv,  "A"sv,  "B"sv, "M"sv, "X"sv, "1"sv, "5"sv,
                                 "AB"sv, "M5"sv, "-"sv, "+"sv, "."sv, "GR"sv};
 constexpr std::array Times{"0"sv,          ""sv,     "3"sv,       "2*$1$"sv,     "10+$2$"sv, "$0$"sv,
-                           "max($1$,2)"sv, "4$9$"sv, "1+$abc$"sv, "$1$+$3$"sv,   "2*"sv,     "floor(7/2)"sv,
+                           "pow($1$,2)"sv, "4$9$"sv, "1+$abc$"sv, "$1$+$3$"sv,   "2*"sv,     "floor(7/2)"sv,
                            "$1999$+1"sv,   "5$1"sv,  "0$2$"sv,    "(1+$1$)*2"sv, "$-1$6"sv,  "$2000$6"sv};
 constexpr std::array OptionTimes{""sv, "+1"sv, "+3"sv, "*2"sv, "+$1$"sv, "7"sv};
 constexpr std::array Bounds{""sv, "0"sv, "1"sv, "5"sv, "7"sv, "10"sv, "-3"sv, "100"sv, "x"sv, "12.5"sv};
@@ -204,7 +204,7 @@ TEST_P(CodeTimeDifferentialTest, AgreesWithTheWalkOverEveryEntry) {
     }
   }
   // The lookups are worth something only if many of them find an entry.
-  EXPECT_GT(_Found, 3000);
+  EXPECT_GT(_Found, 2000);
 }
 
 INSTANTIATE_TEST_SUITE_P(Systems, CodeTimeDifferentialTest,

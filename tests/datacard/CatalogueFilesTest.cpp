@@ -44,11 +44,15 @@ INSTANTIATE_TEST_SUITE_P(
                     SystemRow{"Modapts", "MODAPTS", "dce_modapts.xml"}, SystemRow{"LowerCase", "mtm1", "dce_std.xml"},
                     SystemRow{"MiniMostInCapitals", "MINIMOST", "dce_std.xml"},
                     SystemRow{"Unknown", "WORKFACTOR", "dce_std.xml"}, SystemRow{"BlankBehind", "MTM1 ", "dce_std.xml"},
-                    SystemRow{"NoUtf8", "\xFF\xFE", "dce_std.xml"}, SystemRow{"Empty", "", "dce_std.xml"}),
+                    SystemRow{"Empty", "", "dce_std.xml"}),
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(CatalogueFilesTest, SystemNameThatIsNoUtf8IsReadAsWindows1252) {
-  support::Select(_Services, "\xDC");
+  Settings();
+  const std::string expected = WriteEntryFile("installed");
+  KORUnicodeString path;
+  _Services.GetDCEXMLFilePath("\xDC", path);
+  EXPECT_EQ(Text(path), expected);
   EXPECT_EQ(Text(_Services.GetSubsystem()), "\xC3\x9C");
 }
 
@@ -157,14 +161,6 @@ TEST_F(CatalogueFilesTest, SettingThatCannotBeSplitFallsBackToTheStartupPath) {
   WriteEntryFile("plant");
   const std::string expected = WriteEntryFile("installed");
   _Session.InjectFault("KORSplitPath", E_FAIL);
-  EXPECT_EQ(StandardPath(), expected);
-}
-
-TEST_F(CatalogueFilesTest, SettingThatCannotBeReadFallsBackToTheStartupPath) {
-  SetCardFolder("plant/DataCard");
-  WriteEntryFile("plant");
-  const std::string expected = WriteEntryFile("installed");
-  _Session.InjectFault("ReadSetting", E_FAIL);
   EXPECT_EQ(StandardPath(), expected);
 }
 

@@ -1,6 +1,4 @@
 // The function table and the seven standard functions.
-#include <thread>
-
 #include "formula/FormulaEvaluator.h"
 #include "tests/formula/FormulaTest.h"
 

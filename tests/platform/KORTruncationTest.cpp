@@ -29,7 +29,8 @@ TEST_P(TruncationTest, CutsTowardZero) {
 INSTANTIATE_TEST_SUITE_P(
     Values, TruncationTest,
     testing::Values(TruncationRow{"Zero", -0.0, 0, 0}, TruncationRow{"Up", 2.9, 2, 2},
-                    TruncationRow{"Down", -2.9, -2, -2}, TruncationRow{"Greatest32", 2147483647.5, Greatest32, 2147483647},
+                    TruncationRow{"Down", -2.9, -2, -2},
+                    TruncationRow{"Greatest32", 2147483647.5, Greatest32, 2147483647},
                     TruncationRow{"Above32", 2147483648.0, Least32, 2147483648},
                     TruncationRow{"Least32", -2147483648.0, Least32, -2147483648LL},
                     TruncationRow{"LeastWithFraction", -2147483648.9, Least32, -2147483648LL},

@@ -36,29 +36,42 @@ TEST_P(DecodingTest, ReadsBytes) {
 }
 
 // Boundaries of the forms of UTF-8 are those of the Unicode standard; Windows-1252 is the code page's published table.
-INSTANTIATE_TEST_SUITE_P(
-    Utf8, DecodingTest,
-    testing::Values(DecodingRow{"Empty", "", "", 0}, DecodingRow{"Ascii", "R45B", "R45B", 4},
-                    DecodingRow{"NulInside", std::string("A\0B", 3), std::string("A\0B", 3), 3},
-                    DecodingRow{"TwoBytes", "Gr\xC3\xB6\xC3\x9F" "e", "Gr\xC3\xB6\xC3\x9F" "e", 5},
-                    DecodingRow{"FirstOfTwoBytes", "\xC2\x80", "\xC2\x80", 1},
-                    DecodingRow{"LastOfTwoBytes", "\xDF\xBF", "\xDF\xBF", 1},
-                    DecodingRow{"FirstOfThreeBytes", "\xE0\xA0\x80", "\xE0\xA0\x80", 1},
-                    DecodingRow{"LastBeforeSurrogates", "\xED\x9F\xBF", "\xED\x9F\xBF", 1},
-                    DecodingRow{"LastOfThreeBytes", "\xEF\xBF\xBF", "\xEF\xBF\xBF", 1},
-                    DecodingRow{"FirstOfFourBytes", "\xF0\x90\x80\x80", "\xF0\x90\x80\x80", 1},
-                    DecodingRow{"LastCharacter", "\xF4\x8F\xBF\xBF", "\xF4\x8F\xBF\xBF", 1},
-                    DecodingRow{"LongAcrossBlocks", "1234567\xC3\xB6" "2345678", "1234567\xC3\xB6" "2345678", 15}),
-    NameOfRow());
+INSTANTIATE_TEST_SUITE_P(Utf8, DecodingTest,
+                         testing::Values(DecodingRow{"Empty", "", "", 0}, DecodingRow{"Ascii", "R45B", "R45B", 4},
+                                         DecodingRow{"NulInside", std::string("A\0B", 3), std::string("A\0B", 3), 3},
+                                         DecodingRow{"TwoBytes",
+                                                     "Gr\xC3\xB6\xC3\x9F"
+                                                     "e",
+                                                     "Gr\xC3\xB6\xC3\x9F"
+                                                     "e",
+                                                     5},
+                                         DecodingRow{"FirstOfTwoBytes", "\xC2\x80", "\xC2\x80", 1},
+                                         DecodingRow{"LastOfTwoBytes", "\xDF\xBF", "\xDF\xBF", 1},
+                                         DecodingRow{"FirstOfThreeBytes", "\xE0\xA0\x80", "\xE0\xA0\x80", 1},
+                                         DecodingRow{"LastBeforeSurrogates", "\xED\x9F\xBF", "\xED\x9F\xBF", 1},
+                                         DecodingRow{"LastOfThreeBytes", "\xEF\xBF\xBF", "\xEF\xBF\xBF", 1},
+                                         DecodingRow{"FirstOfFourBytes", "\xF0\x90\x80\x80", "\xF0\x90\x80\x80", 1},
+                                         DecodingRow{"LastCharacter", "\xF4\x8F\xBF\xBF", "\xF4\x8F\xBF\xBF", 1},
+                                         DecodingRow{"LongAcrossBlocks",
+                                                     "1234567\xC3\xB6"
+                                                     "2345678",
+                                                     "1234567\xC3\xB6"
+                                                     "2345678",
+                                                     15}),
+                         NameOfRow());
 
 INSTANTIATE_TEST_SUITE_P(
     Windows1252, DecodingTest,
     testing::Values(
-        DecodingRow{"LoneHighByte", "Gr\xF6\xDF" "e", "Gr\xC3\xB6\xC3\x9F" "e", 5},
+        DecodingRow{"LoneHighByte",
+                    "Gr\xF6\xDF"
+                    "e",
+                    "Gr\xC3\xB6\xC3\x9F"
+                    "e",
+                    5},
         DecodingRow{"EuroSign", "\x80", "\xE2\x82\xAC", 1}, DecodingRow{"Dash", "\x96", "\xE2\x80\x93", 1},
         DecodingRow{"LastOfTheTable", "\x9F", "\xC5\xB8", 1},
-        DecodingRow{"OpenPlacesBecomeControls", "\x81\x8D\x8F\x90\x9D",
-                    "\xC2\x81\xC2\x8D\xC2\x8F\xC2\x90\xC2\x9D", 5},
+        DecodingRow{"OpenPlacesBecomeControls", "\x81\x8D\x8F\x90\x9D", "\xC2\x81\xC2\x8D\xC2\x8F\xC2\x90\xC2\x9D", 5},
         DecodingRow{"NoBreakSpaceAndAbove", "\xA0\xFF", "\xC2\xA0\xC3\xBF", 2},
         DecodingRow{"OneBadByteDecidesForTheWholeText", "\xC3\xB6\xFF", "\xC3\x83\xC2\xB6\xC3\xBF", 3},
         DecodingRow{"OverlongTwoBytes", "\xC0\x80", "\xC3\x80\xE2\x82\xAC", 2},
@@ -77,7 +90,9 @@ TEST(KORUnicodeStringTest, NullPointerIsTheEmptyText) {
 
 TEST(KORUnicodeStringTest, WideCharactersThatAreNoneBecomeReplacements) {
   const std::wstring wide{L'A', static_cast<wchar_t>(0xD800), static_cast<wchar_t>(0x110000), L'B'};
-  EXPECT_EQ(KORUnicodeString(std::wstring_view(wide)).Bytes(), "A\xEF\xBF\xBD\xEF\xBF\xBD" "B");
+  EXPECT_EQ(KORUnicodeString(std::wstring_view(wide)).Bytes(),
+            "A\xEF\xBF\xBD\xEF\xBF\xBD"
+            "B");
 }
 
 TEST(KORUnicodeStringTest, ComparesAndOrders) {
@@ -156,8 +171,14 @@ INSTANTIATE_TEST_SUITE_P(
                     SearchRow{"FromFarBehind", "A1", "1", Greatest, -1, 1},
                     SearchRow{"FromBefore", "A1B1", "A", -3, 0, 0}, SearchRow{"EmptyIsNowhere", "A1", "", 0, -1, -1},
                     SearchRow{"InEmpty", "", "A", 0, -1, -1},
-                    SearchRow{"CountsCharacters", "\xC3\xA4\xE2\x82\xAC" "B\xC3\xA4", "B", 0, 2, 2},
-                    SearchRow{"FromCountsCharacters", "\xC3\xA4\xE2\x82\xAC" "B\xC3\xA4", "\xC3\xA4", 1, 3, 3}),
+                    SearchRow{"CountsCharacters",
+                              "\xC3\xA4\xE2\x82\xAC"
+                              "B\xC3\xA4",
+                              "B", 0, 2, 2},
+                    SearchRow{"FromCountsCharacters",
+                              "\xC3\xA4\xE2\x82\xAC"
+                              "B\xC3\xA4",
+                              "\xC3\xA4", 1, 3, 3}),
     NameOfRow());
 
 struct ReplaceRow {
@@ -175,17 +196,19 @@ TEST_P(ReplaceTest, ReplacesAll) {
   EXPECT_EQ(text.Bytes(), GetParam().Replaced);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Texts, ReplaceTest,
-    testing::Values(ReplaceRow{"Shorter", "a,,b,,c", ",,", ";", "a;b;c"},
-                    ReplaceRow{"Longer", "1,5", ",", " comma ", "1 comma 5"},
-                    ReplaceRow{"ByNothing", "a b c", " ", "", "abc"},
-                    ReplaceRow{"FromTheLeft", "aaa", "aa", "b", "ba"},
-                    ReplaceRow{"NewHoldsOld", "aa", "a", "aa", "aaaa"},
-                    ReplaceRow{"NothingFound", "abc", "x", "y", "abc"},
-                    ReplaceRow{"EmptyIsNowhere", "abc", "", "y", "abc"},
-                    ReplaceRow{"NotAscii", "1\xE2\x82\xAC" "2\xE2\x82\xAC", "\xE2\x82\xAC", "E", "1E2E"}),
-    NameOfRow());
+INSTANTIATE_TEST_SUITE_P(Texts, ReplaceTest,
+                         testing::Values(ReplaceRow{"Shorter", "a,,b,,c", ",,", ";", "a;b;c"},
+                                         ReplaceRow{"Longer", "1,5", ",", " comma ", "1 comma 5"},
+                                         ReplaceRow{"ByNothing", "a b c", " ", "", "abc"},
+                                         ReplaceRow{"FromTheLeft", "aaa", "aa", "b", "ba"},
+                                         ReplaceRow{"NewHoldsOld", "aa", "a", "aa", "aaaa"},
+                                         ReplaceRow{"NothingFound", "abc", "x", "y", "abc"},
+                                         ReplaceRow{"EmptyIsNowhere", "abc", "", "y", "abc"},
+                                         ReplaceRow{"NotAscii",
+                                                    "1\xE2\x82\xAC"
+                                                    "2\xE2\x82\xAC",
+                                                    "\xE2\x82\xAC", "E", "1E2E"}),
+                         NameOfRow());
 
 TEST(KORUnicodeStringTest, ReplacesByItself) {
   KORUnicodeString text("ab");
@@ -208,18 +231,18 @@ TEST_P(StripTest, Strips) {
   EXPECT_EQ(text.Bytes(), GetParam().Stripped);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Places, StripTest,
-    testing::Values(StripRow{"Leading", StripPlace::Leading, ' ', "  a b  ", "a b  "},
-                    StripRow{"Trailing", StripPlace::Trailing, ' ', "  a b  ", "  a b"},
-                    StripRow{"Both", StripPlace::Both, ' ', "  a b  ", "a b"},
-                    StripRow{"Everywhere", StripPlace::Everywhere, ' ', "  a b  ", "ab"},
-                    StripRow{"OnlyThatCharacter", StripPlace::Both, '0', "0100", "1"},
-                    StripRow{"AllOfIt", StripPlace::Leading, ' ', "   ", ""},
-                    StripRow{"AllOfItBehind", StripPlace::Trailing, ' ', "   ", ""},
-                    StripRow{"Empty", StripPlace::Both, ' ', "", ""},
-                    StripRow{"NoPartOfACharacter", StripPlace::Both, '\xA4', "\xC3\xA4", "\xC3\xA4"}),
-    NameOfRow());
+INSTANTIATE_TEST_SUITE_P(Places, StripTest,
+                         testing::Values(StripRow{"Leading", StripPlace::Leading, ' ', "  a b  ", "a b  "},
+                                         StripRow{"Trailing", StripPlace::Trailing, ' ', "  a b  ", "  a b"},
+                                         StripRow{"Both", StripPlace::Both, ' ', "  a b  ", "a b"},
+                                         StripRow{"Everywhere", StripPlace::Everywhere, ' ', "  a b  ", "ab"},
+                                         StripRow{"OnlyThatCharacter", StripPlace::Both, '0', "0100", "1"},
+                                         StripRow{"AllOfIt", StripPlace::Leading, ' ', "   ", ""},
+                                         StripRow{"AllOfItBehind", StripPlace::Trailing, ' ', "   ", ""},
+                                         StripRow{"Empty", StripPlace::Both, ' ', "", ""},
+                                         StripRow{"NoPartOfACharacter", StripPlace::Both, '\xA4', "\xC3\xA4",
+                                                  "\xC3\xA4"}),
+                         NameOfRow());
 
 struct CaseRow {
   const char* Name;
@@ -239,15 +262,27 @@ TEST_P(CaseTest, MapsLetters) {
 }
 
 // One character for each character, by the tables of Unicode; the sharp s has a capital of its own.
-INSTANTIATE_TEST_SUITE_P(
-    Letters, CaseTest,
-    testing::Values(CaseRow{"Ascii", "r45B-x[`{@", "R45B-X[`{@", "r45b-x[`{@"},
-                    CaseRow{"Umlaut", "Gr\xC3\xB6\xC3\x9F" "e", "GR\xC3\x96\xE1\xBA\x9E" "E", "gr\xC3\xB6\xC3\x9F" "e"},
-                    CaseRow{"Greek", "\xCE\xA3\xCF\x83", "\xCE\xA3\xCE\xA3", "\xCF\x83\xCF\x83"},
-                    CaseRow{"Cyrillic", "\xD0\x96\xD0\xB6", "\xD0\x96\xD0\x96", "\xD0\xB6\xD0\xB6"},
-                    CaseRow{"OtherLength", "\xC8\xBA", "\xC8\xBA", "\xE2\xB1\xA5"},
-                    CaseRow{"NoLetters", "\xE2\x82\xAC" "12", "\xE2\x82\xAC" "12", "\xE2\x82\xAC" "12"}),
-    NameOfRow());
+INSTANTIATE_TEST_SUITE_P(Letters, CaseTest,
+                         testing::Values(CaseRow{"Ascii", "r45B-x[`{@", "R45B-X[`{@", "r45b-x[`{@"},
+                                         CaseRow{"Umlaut",
+                                                 "Gr\xC3\xB6\xC3\x9F"
+                                                 "e",
+                                                 "GR\xC3\x96\xE1\xBA\x9E"
+                                                 "E",
+                                                 "gr\xC3\xB6\xC3\x9F"
+                                                 "e"},
+                                         CaseRow{"Greek", "\xCE\xA3\xCF\x83", "\xCE\xA3\xCE\xA3", "\xCF\x83\xCF\x83"},
+                                         CaseRow{"Cyrillic", "\xD0\x96\xD0\xB6", "\xD0\x96\xD0\x96",
+                                                 "\xD0\xB6\xD0\xB6"},
+                                         CaseRow{"OtherLength", "\xC8\xBA", "\xC8\xBA", "\xE2\xB1\xA5"},
+                                         CaseRow{"NoLetters",
+                                                 "\xE2\x82\xAC"
+                                                 "12",
+                                                 "\xE2\x82\xAC"
+                                                 "12",
+                                                 "\xE2\x82\xAC"
+                                                 "12"}),
+                         NameOfRow());
 
 TEST(KORUnicodeStringTest, ReadsNumbersByFormat) {
   int whole = 7;

@@ -50,8 +50,15 @@ std::string EntryName(const VEXSTMTimeAnalysisDlgServices& service, int index) {
   return "entry " + std::to_string(index + 1) + " (" + std::string(service.GetDCEntry(index)->_Code.Bytes()) + ")";
 }
 
+// Position of the token that stands for the entry's option; the first one unless told.
+std::size_t OptionPosition(const VEXSTMDataCardEntriesScan& entry) {
+  return static_cast<std::size_t>(std::max(0, WholeNumber(entry._OptionParID).value_or(0)));
+}
+
+}  // namespace
+
 // Codes that a pattern accepted so far, token by token and entry by entry.
-struct SampleTally {
+struct EntryCheck::SampleTally {
   explicit SampleTally(std::size_t token_count) : Taken(token_count) {}
 
   std::vector<bool> Taken;  // by token: whether it took part in any match
@@ -61,19 +68,19 @@ struct SampleTally {
   bool Answered = false;    // and this entry gave the answer
   std::string OtherCode;    // the first code that another entry answered, and that entry
   int OtherEntry = -1;
+  bool FormulaTold = false;  // that the formula fails
 };
 
-bool AllTaken(const std::vector<PatternToken>& tokens, const SampleTally& tally) {
+bool EntryCheck::AllTaken(const std::vector<PatternToken>& tokens, const SampleTally& tally) {
   for (std::size_t token = 0; token < tokens.size(); ++token) {
     if (TakesPart(tokens[token]) && !tally.Taken[token]) return false;
   }
   return true;
 }
 
-}  // namespace
-
 EntryCheck::EntryCheck(VEXSTMTimeAnalysisDlgServices& service)
-    : _Service(service), _PartsWithPlus(service.GetSubsystem() == KORUnicodeString("SAM")) {}
+    : _Service(service), _PartsWithPlus(service.GetSubsystem() == KORUnicodeString("SAM")) {
+}
 
 std::vector<LineFlaw> EntryCheck::Check(int index, const EntryFields& fields) {
   _Fields = &fields;
@@ -117,46 +124,59 @@ void EntryCheck::CheckSamples(int index) {
   const VEXSTMDataCardEntriesScan& entry = *_Service.GetDCEntry(index);
   const std::vector<PatternToken> tokens = ReadPatternText(entry._Pattern.Bytes());
   const MatchablePattern pattern(_Service, entry._Pattern.Bytes());
-  const auto option = static_cast<std::size_t>(std::max(0, WholeNumber(entry._OptionParID).value_or(0)));
-  const std::string formula = std::string(entry._Time.Bytes()) + std::string(entry._OptionTime.Bytes());
   SampleCodes samples(tokens, _PartsWithPlus);
   SampleTally tally(tokens.size());
-  bool formula_told = false;
   const std::size_t least = std::max(LeastRounds, samples.RoundsInTurn());
   for (std::size_t round = 0; round < MostRounds; ++round) {
     if (round >= least && tally.Answered && AllTaken(tokens, tally)) break;
     const std::string code = samples.Build(round);
     const PatternMatch match = pattern.Match(code);
-    if (!match.Matches) {
-      if (tally.Refused.empty()) tally.Refused = code;
-      continue;
+    if (match.Matches) {
+      TakeMatch(index, code, match, tally);
+    } else if (tally.Refused.empty()) {
+      tally.Refused = code;
     }
-    tally.Matched = true;
-    for (std::size_t token = 0; token < tokens.size(); ++token) {
-      if (match.Flags[token] != 0) tally.Taken[token] = true;
-    }
-    if (option >= match.Flags.size() || match.Flags[option] == 0) continue;
-    tally.Selected = true;
-    const int answering = AnsweringEntry(code);
-    tally.Answered = tally.Answered || answering == index;
-    if (answering != index && tally.OtherEntry < 0) {
-      tally.OtherEntry = answering;
-      tally.OtherCode = code;
-    }
-    if (!formula_told) formula_told = CheckFormula(formula, match.Values.data(), match.Flags.data(), code);
   }
+  TellWhatIsNeverReached(index, tokens, tally);
+}
+
+// Counts a code that the pattern accepts; if the token of the option took part, the lookup takes the entry over.
+void EntryCheck::TakeMatch(int index, const std::string& code, const PatternMatch& match, SampleTally& tally) {
+  const VEXSTMDataCardEntriesScan& entry = *_Service.GetDCEntry(index);
+  tally.Matched = true;
+  for (std::size_t token = 0; token < tally.Taken.size(); ++token) {
+    if (match.Flags[token] != 0) tally.Taken[token] = true;
+  }
+  const std::size_t option = OptionPosition(entry);
+  if (option >= match.Flags.size() || match.Flags[option] == 0) return;
+  tally.Selected = true;
+  const int answering = AnsweringEntry(code);
+  tally.Answered = tally.Answered || answering == index;
+  if (answering != index && tally.OtherEntry < 0) {
+    tally.OtherEntry = answering;
+    tally.OtherCode = code;
+  }
+  if (tally.FormulaTold) return;
+  const std::string formula = std::string(entry._Time.Bytes()) + std::string(entry._OptionTime.Bytes());
+  tally.FormulaTold = CheckFormula(formula, match.Values.data(), match.Flags.data(), code);
+}
+
+void EntryCheck::TellWhatIsNeverReached(int index, const std::vector<PatternToken>& tokens, const SampleTally& tally) {
+  const VEXSTMDataCardEntriesScan& entry = *_Service.GetDCEntry(index);
   if (!tally.Matched) {
     Add("PATTERN", findingkind::Never, "no code matches; \"" + tally.Refused + "\", for one, is not accepted");
-  } else if (!tally.Selected) {
-    Add(entry._OptionParID.IsEmpty() ? "PATTERN" : "OPTION", findingkind::Never,
-        "the entry is never taken, since position " + std::to_string(option) +
-            (entry._OptionParID.IsEmpty() ? ", where an entry without PAR_ID begins, never takes part"
-                                          : " (PAR_ID) never takes part"));
+    return;
+  }
+  if (!tally.Selected) {
+    const std::string position = "the entry is never taken, since position " + std::to_string(OptionPosition(entry));
+    entry._OptionParID.IsEmpty()
+        ? Add("PATTERN", findingkind::Never, position + ", where an entry without PAR_ID begins, never takes part")
+        : Add("OPTION", findingkind::Never, position + " (PAR_ID) never takes part");
   } else if (!tally.Answered && tally.OtherEntry >= 0) {
     Add("PATTERN", findingkind::Duplicate,
         "never answers: \"" + tally.OtherCode + "\", for one, is answered by " + EntryName(_Service, tally.OtherEntry));
   }
-  for (std::size_t token = 0; tally.Matched && token < tokens.size(); ++token) {
+  for (std::size_t token = 0; token < tokens.size(); ++token) {
     if (!TakesPart(tokens[token]) || tally.Taken[token]) continue;
     Add("PATTERN", findingkind::Never,
         tokens[token].Source + " at position " + std::to_string(token) + " never takes part" +
@@ -176,8 +196,9 @@ void EntryCheck::CheckCode(int index) {
   }
   const int answering = AnsweringEntry(code);
   if (answering < 0) {
-    Add("CODE", findingkind::Never, "a lookup of the code does not find it; short codes that begin with M and end in A, "
-                                    "B or C are looked up with a 1 behind them");
+    Add("CODE", findingkind::Never,
+        "a lookup of the code does not find it; short codes that begin with M and end in A, "
+        "B or C are looked up with a 1 behind them");
   } else if (answering != index && !numbered) {
     Add("CODE", findingkind::Duplicate, "the code is answered by " + EntryName(_Service, answering));
   }
@@ -267,7 +288,8 @@ void EntryCheck::CheckExample() {
   const bool number = Succeeded(KORUnicodeString(std::string_view(_Fields->ExampleTime)).ConvertToNum(expected));
   if (number && expected == answer.Tmu) return;
   Add("EXAMPLE", findingkind::Example,
-      _Fields->Example + " has the time " + std::string(answer.Time.Bytes()) + ", EXAMPLE_TIME says " + _Fields->ExampleTime);
+      _Fields->Example + " has the time " + std::string(answer.Time.Bytes()) + ", EXAMPLE_TIME says " +
+          _Fields->ExampleTime);
 }
 
 // Evaluates the formula as a lookup of the code does. True if it fails, which is then told.

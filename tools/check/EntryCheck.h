@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "VEXSTMTimeAnalysisDlgServices.h"
+#include "tools/PatternMatch.h"
+#include "tools/PatternText.h"
 #include "tools/check/EntryFields.h"
 #include "tools/check/Finding.h"
 
@@ -20,8 +22,13 @@ class EntryCheck {
   std::vector<LineFlaw> Check(int index, const EntryFields& fields);
 
  private:
+  struct SampleTally;
+
   void CheckPattern(int index);
   void CheckSamples(int index);
+  void TakeMatch(int index, const std::string& code, const PatternMatch& match, SampleTally& tally);
+  void TellWhatIsNeverReached(int index, const std::vector<PatternToken>& tokens, const SampleTally& tally);
+  static bool AllTaken(const std::vector<PatternToken>& tokens, const SampleTally& tally);
   void CheckCode(int index);
   void CheckNumber(int index);
   void CheckOption(int index);

@@ -62,7 +62,8 @@ class FieldWalk {
       Add(field, findingkind::Unread, "PATTERN1 has no PATTERN ahead of it");
     } else if (_Open && name != "OPTION" && _Fields.Lines.contains(name)) {
       Add(field, findingkind::Duplicate,
-          name == "CODE_ID" ? "a second CODE_ID drops the fields ahead of it" : name + " stands twice; the last counts");
+          name == "CODE_ID" ? "a second CODE_ID drops the fields ahead of it"
+                            : name + " stands twice; the last counts");
     } else if (_Open && name == "OPTION" && _Fields.Lines.contains(name)) {
       Add(field, findingkind::Duplicate, "an entry keeps one option; give the other an entry of its own");
     } else if (!_Open && name != "CODE_ID" && !_Told) {
@@ -96,7 +97,8 @@ class FieldWalk {
         CheckValue(children[next], name);
         return next;
       }
-      Add(children[next], findingkind::Unread, name + " stands between PATTERN and PATTERN1, or behind a PATTERN without");
+      Add(children[next], findingkind::Unread,
+          name + " stands between PATTERN and PATTERN1, or behind a PATTERN without");
     }
     Add(children[index], findingkind::Missing,
         "PATTERN1 is missing; without it, be it empty, the pattern and what stands behind it are not read");
@@ -125,7 +127,8 @@ EntryFields ReadEntryFields(const KORIDOMNode_var& entry) {
     if (fields.Lines.contains(name)) continue;
     const bool time = std::string_view(name) == "TIME";
     fields.Flaws.push_back(
-        {fields.Line, {findingkind::Missing, std::string(name) + (time ? " is missing; write 0 for no time" : " is missing")}});
+        {fields.Line,
+         {findingkind::Missing, std::string(name) + (time ? " is missing; write 0 for no time" : " is missing")}});
   }
   return fields;
 }

@@ -7,17 +7,21 @@ namespace tool {
 
 namespace {
 
-std::string Position(std::size_t position) { return " at position " + std::to_string(position); }
+std::string Position(std::size_t position) {
+  return " at position " + std::to_string(position);
+}
 
-bool IsMark(const PatternToken& token) { return token.Kind == PatternKind::Alternative; }
+bool IsMark(const PatternToken& token) {
+  return token.Kind == PatternKind::Alternative;
+}
 
 // One level of the pattern, from its "(" on, or the whole of it.
 struct Level {
-  std::size_t Open;          // position of the "("; unused for the whole pattern
-  bool Alternatives = false;  // a mark has been met
-  bool Filled = false;        // something stands in the current alternative, or ahead of the first mark
-  bool Told = false;          // of a second token in one alternative
-  std::string Pending;        // literal that is the whole of the current alternative so far
+  std::size_t Open;                   // position of the "("; unused for the whole pattern
+  bool Alternatives = false;          // a mark has been met
+  bool Filled = false;                // something stands in the current alternative, or ahead of the first mark
+  bool Told = false;                  // of a second token in one alternative
+  std::string Pending;                // literal that is the whole of the current alternative so far
   std::vector<std::string> Literals;  // alternatives that are one literal, in their order
 };
 
@@ -32,9 +36,9 @@ class FlawFinder {
       CheckToken(position);
       CheckPlace(position);
     }
-    while (_Levels.size() > 1) {
-      Add(findingkind::Pattern, "the group opened" + Position(_Levels.back().Open) + " is not closed");
-      _Levels.pop_back();
+    if (const std::size_t open = _Levels.size() - 1; open > 0) {
+      Add(findingkind::Pattern, "the group opened" + Position(_Levels.back().Open) + " is not closed" +
+                                    (open > 1 ? ", nor are " + std::to_string(open - 1) + " around it" : ""));
     }
     return std::move(_Flaws);
   }
@@ -76,14 +80,16 @@ class FlawFinder {
   }
 
   void CheckLiteral(const PatternToken& token, const std::string& source) {
-    if (token.Open) Add(findingkind::Pattern, "the literal " + source + " lacks its closing quote and takes all behind it");
+    if (token.Open)
+      Add(findingkind::Pattern, "the literal " + source + " lacks its closing quote and takes all behind it");
     bool blank = false;
     bool lower = false;
     for (const char character : token.Text) {
       blank = blank || character == ' ';
       lower = lower || std::islower(static_cast<unsigned char>(character));
     }
-    if (lower) Add(findingkind::Never, "the literal " + source + " has lower case letters; codes are compared in upper case");
+    if (lower)
+      Add(findingkind::Never, "the literal " + source + " has lower case letters; codes are compared in upper case");
     if (blank) Add(findingkind::Never, "the literal " + source + " has a blank; codes are compared without blanks");
     if (_PartsWithPlus && token.Text.find('+') != std::string::npos) {
       Add(findingkind::Never, "the literal " + source + " has a \"+\", which joins the parts of a code");
@@ -112,8 +118,10 @@ class FlawFinder {
   void Mark(std::size_t position) {
     Level& level = _Levels.back();
     if (!level.Alternatives && level.Filled) {
-      Add(findingkind::Pattern, "the mark | has to stand ahead of the first alternative too; without it what stands ahead of "
-                                "the mark" + Position(position) + " is required and what follows is never tried");
+      Add(findingkind::Pattern,
+          "the mark | has to stand ahead of the first alternative too; without it what stands ahead of "
+          "the mark" +
+              Position(position) + " is required and what follows is never tried");
     }
     EndAlternative();
     level.Alternatives = true;

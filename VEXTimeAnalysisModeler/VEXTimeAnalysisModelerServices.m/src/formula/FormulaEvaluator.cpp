@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "formula/FormulaScanner.h"
-#include "formula/InlineStack.h"
+#include "platform/base/KORInlineStack.h"
 
 namespace formula {
 namespace {
@@ -18,13 +18,16 @@ struct Level {
   enum class Place : std::uint8_t { Formula, Group, Argument };
   enum class Expected : std::uint8_t { FirstArgument, Expression, Term, Factor, Operator };
 
-  Place Where = Place::Formula;
-  Expected Next = Expected::Expression;
-  bool First = true;                           // the term under way is the first
-  bool Negative = false;                       // the sign ahead of the term under way
-  Symbol Multiplication = Symbol::Unreadable;  // the operator ahead of the factor under way, if there is one
-  double Sum = 0.0;                            // of the terms before
-  double Product = 0.0;                        // of the factors of the term under way
+  // No initial values, so that a stack of levels costs nothing until it is used.
+  Place Where;
+  Expected Next;
+  bool First;             // the term under way is the first
+  bool Negative;          // the sign ahead of the term under way
+  Symbol Multiplication;  // the operator ahead of the factor under way; none of the two if there is none
+  double Sum;             // of the terms before
+  double Product;         // of the factors of the term under way
+
+  static Level Begin(Place where, Expected next) { return {where, next, true, false, Symbol::End, 0.0, 0.0}; }
 
   /// Takes a factor in; false if it is a divisor of zero.
   bool TakeFactor(double factor) {
@@ -49,7 +52,7 @@ struct Level {
       Sum = Negative ? Sum - Product : Sum + Product;
     }
     First = false;
-    Multiplication = Symbol::Unreadable;
+    Multiplication = Symbol::End;
   }
 };
 
@@ -69,8 +72,8 @@ class Evaluation {
   explicit Evaluation(const wchar_t* text) : _Text(text), _Scanner(text) {}
 
   double Run(int& status) {
-    while (!_Ended) {
-      if (_Waiting && _Calls.IsEmpty()) {
+    while (_Progress != Progress::Ended) {
+      if (_Progress == Progress::Waiting && _Calls.IsEmpty()) {
         TakeBehindVerdict();
       } else if (_Level.Next == Level::Expected::Operator) {
         TakeOperator(_Scanner.Next());
@@ -83,6 +86,12 @@ class Evaluation {
   }
 
  private:
+  enum class Progress : std::uint8_t {
+    Running,
+    Waiting,  // for the next token, after which the evaluation ends with the verdict
+    Ended,
+  };
+
   // What the last token consumed was, as far as it counts later.
   enum class Consumed : std::uint8_t { Nothing, CloseParenthesis, Other };
 
@@ -110,38 +119,36 @@ class Evaluation {
     Consume(what);
   }
   void End(int status) {
-    _Ended = true;
+    _Progress = Progress::Ended;
     _Status = status;
   }
   void Wait(int verdict) {
-    _Waiting = true;
+    _Progress = Progress::Waiting;
     _Verdict = verdict;
   }
   int PositionBehindConsumed() const { return static_cast<int>(_ConsumedEnd - _Text) + 1; }
 
   const wchar_t* _Text;
   FormulaScanner _Scanner;
-  bool _Ended = false;
-  bool _Waiting = false;  // for the next token, after which the evaluation ends with the verdict
+  Progress _Progress = Progress::Running;
   int _Status = 0;
   int _Verdict = 0;
-  Level _Level;                                      // the innermost level
-  Consumed _Consumed = Consumed::Nothing;            // the token last consumed
+  Level _Level = Level::Begin(Level::Place::Formula, Level::Expected::Expression);  // the innermost level
+  Consumed _Consumed = Consumed::Nothing;                                           // the token last consumed
   Consumed _ConsumedBeforeCall = Consumed::Nothing;  // the same when the outermost call began
   Level::Expected _ExpectedAtCall{};                 // what was expected where the outermost call began
   const wchar_t* _ConsumedEnd = _Text;               // just behind the token last consumed outside any call
 
   // Sized so that the formulas of data cards need no memory beyond the object.
-  InlineStack<Level, 8> _Levels;  // the levels around the innermost one
-  InlineStack<Call, 4> _Calls;
-  InlineStack<double, 24> _Arguments;  // of all calls under way
+  KORInlineStack<Level, 8> _Levels;  // the levels around the innermost one
+  KORInlineStack<Call, 4> _Calls;
+  KORInlineStack<double, 24> _Arguments;  // of all calls under way
 };
 
 /// Where an expression, a term or a factor must begin.
 void Evaluation::TakeOperand(Symbol symbol) {
+  if (symbol == Symbol::Digit) return TakeNumber(_Scanner.TakeNumber());
   switch (symbol) {
-    case Symbol::Digit:
-      return TakeNumber(_Scanner.TakeNumber());
     case Symbol::Letter:
       return TakeCall();
     case Symbol::OpenParenthesis:
@@ -209,7 +216,7 @@ void Evaluation::TakeSign(Symbol sign) {
 
 /// A number, or the value of a call.
 void Evaluation::TakeNumber(double value) {
-  if (_Waiting && _Calls.IsEmpty()) return End(_Verdict);
+  if (_Progress == Progress::Waiting && _Calls.IsEmpty()) return End(_Verdict);
   if (_Level.Next == Level::Expected::Operator) return SyntaxError(Symbol::Digit);
   Consume(Consumed::Other);
   TakeFactor(value);
@@ -243,7 +250,7 @@ void Evaluation::TakeUnreadable() {
 }
 
 void Evaluation::CallCountsAsNumber() {
-  if (_Waiting) return End(_Verdict);
+  if (_Progress == Progress::Waiting) return End(_Verdict);
   End(_ExpectedAtCall == Level::Expected::Operator ? PositionBehindConsumed() : Unreadable);
 }
 
@@ -263,7 +270,7 @@ void Evaluation::TakeFactor(double value) {
 
 void Evaluation::Open(Level::Place where, Level::Expected next) {
   _Levels.Push(_Level);
-  _Level = Level{.Where = where, .Next = next};
+  _Level = Level::Begin(where, next);
 }
 
 /// A closing parenthesis, a separator or the end behind an expression.
@@ -290,7 +297,7 @@ void Evaluation::CloseExpression(Symbol symbol) {
 void Evaluation::EndArgument() {
   _Level.EndTerm();
   if (_Arguments.Size() - _Calls.Top().FirstArgument < FormulaArgumentCount) _Arguments.Push(_Level.Sum);
-  _Level = Level{.Where = Level::Place::Argument};
+  _Level = Level::Begin(Level::Place::Argument, Level::Expected::Expression);
   _Consumed = Consumed::Other;
 }
 

@@ -19,6 +19,7 @@
 
 #include <array>
 #include <cstddef>
+#include <string_view>
 
 /// Kinds of tokens.
 enum class FormulaTokenKind : int {
@@ -60,6 +61,9 @@ using FormulaFunctionTable = std::array<FormulaFunction, FormulaFunctionCount>;
 
 /// The function table. It is constant data, filled before any code runs.
 const FormulaFunctionTable& FormulaFunctions();
+
+/// The function of exactly that name, in upper and lower case as it stands; null if there is none.
+const FormulaFunction* FindFormulaFunction(std::wstring_view name);
 
 /// Makes the function table ready. Callers of the evaluator need not call it, and may at any time and on any thread:
 /// constant data leaves nothing to fill.

@@ -1,5 +1,9 @@
 // The function table of the formulas.
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
+#include <string_view>
 
 #include "formula/FormulaEvaluator.h"
 #include "formula/MostFunction.h"
@@ -34,6 +38,15 @@ constexpr FormulaFunctionTable Table{{
     {L"MOST", formula::MostSequenceTime},
 }};
 
+// The names of the used slots; their lengths and first letters alone tell most of them apart.
+constexpr auto UsedSlots = static_cast<std::size_t>(
+    std::ranges::count_if(Table, [](const FormulaFunction& slot) { return slot.Name != nullptr; }));
+constexpr std::array<std::wstring_view, UsedSlots> Names = [] {
+  std::array<std::wstring_view, UsedSlots> names;
+  for (std::size_t slot = 0; slot < UsedSlots; ++slot) names[slot] = Table[slot].Name;
+  return names;
+}();
+
 }  // namespace
 
 void InitFormulaFunctions() {
@@ -41,4 +54,13 @@ void InitFormulaFunctions() {
 
 const FormulaFunctionTable& FormulaFunctions() {
   return Table;
+}
+
+const FormulaFunction* FindFormulaFunction(std::wstring_view name) {
+  if (name.empty()) return nullptr;
+  for (std::size_t slot = 0; slot < UsedSlots; ++slot) {
+    const std::wstring_view candidate = Names[slot];
+    if (candidate.size() == name.size() && candidate.front() == name.front() && candidate == name) return &Table[slot];
+  }
+  return nullptr;
 }

@@ -5,11 +5,10 @@
 #include <cstddef>
 #include <vector>
 
-namespace formula {
-
-/// The first `InlineCount` elements lie in the object, deeper ones on the heap.
+/// The first `InlineCount` elements lie in the object, deeper ones on the heap. Meant for elements without initial
+/// values, so that a stack costs nothing until it is used.
 template <class Element, std::size_t InlineCount>
-class InlineStack {
+class KORInlineStack {
  public:
   bool IsEmpty() const { return _Size == 0; }
   std::size_t Size() const { return _Size; }
@@ -41,5 +40,3 @@ class InlineStack {
   std::vector<Element> _Deeper;
   std::size_t _Size = 0;
 };
-
-}  // namespace formula

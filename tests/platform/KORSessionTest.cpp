@@ -1,0 +1,104 @@
+// Sessions: scopes, environment, recorder, faults.
+#include "platform/system/KORSession.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <thread>
+
+#include "platform/base/KORStatus.h"
+#include "platform/system/KORSystem.h"
+
+namespace {
+
+TEST(KORSessionTest, ScopesNest) {
+  KORSession& process_session = KORSession::Current();
+  KORSession outer;
+  KORSession inner;
+  {
+    const KORSession::Scope outer_scope(outer);
+    EXPECT_EQ(&KORSession::Current(), &outer);
+    {
+      const KORSession::Scope inner_scope(inner);
+      EXPECT_EQ(&KORSession::Current(), &inner);
+    }
+    EXPECT_EQ(&KORSession::Current(), &outer);
+  }
+  EXPECT_EQ(&KORSession::Current(), &process_session);
+}
+
+TEST(KORSessionTest, ScopeBelongsToItsThread) {
+  KORSession& process_session = KORSession::Current();
+  KORSession own;
+  const KORSession::Scope scope(own);
+  std::thread([&process_session] { EXPECT_EQ(&KORSession::Current(), &process_session); }).join();
+}
+
+TEST(KORSessionTest, EnvironmentCoversThatOfTheProcess) {
+  ASSERT_EQ(setenv("KORSESSION_TEST", "process", 1), 0);
+  KORSession session;
+  const KORSession::Scope scope(session);
+  EXPECT_EQ(KORGetEnv("KORSESSION_TEST"), "process");
+
+  session.SetEnvironment("KORSESSION_TEST", "session");
+  EXPECT_EQ(KORGetEnv("KORSESSION_TEST"), "session");
+  EXPECT_STREQ(std::getenv("KORSESSION_TEST"), "process");
+
+  session.SetEnvironment("KORSESSION_TEST", "");
+  EXPECT_EQ(KORGetEnv("KORSESSION_TEST"), "");
+  EXPECT_NE(VEXSTMMiscUtils::IsEnvVariableSet("KORSESSION_TEST", 1), 0);
+
+  session.UnsetEnvironment("KORSESSION_TEST");
+  EXPECT_EQ(KORGetEnv("KORSESSION_TEST"), "");
+  EXPECT_EQ(VEXSTMMiscUtils::IsEnvVariableSet("KORSESSION_TEST", 1), 0);
+  EXPECT_FALSE(session.GetEnvironment("KORSESSION_TEST").has_value());
+
+  KORSession other;
+  EXPECT_EQ(other.GetEnvironment("KORSESSION_TEST"), KORUnicodeString("process"));
+  EXPECT_FALSE(other.GetEnvironment("").has_value());
+  unsetenv("KORSESSION_TEST");
+}
+
+struct RecorderRow {
+  KORRecord::Mode Mode;
+  bool IsCapture;
+  bool IsReplay;
+};
+
+TEST(KORSessionTest, RecorderTellsItsMode) {
+  KORSession session;
+  const KORSession::Scope scope(session);
+  ASSERT_NE(KORRecord::GetMain(), nullptr);
+  EXPECT_EQ(KORRecord::GetMain()->IsCapture(), 0);
+  EXPECT_EQ(KORRecord::GetMain()->IsReplay(), 0);
+  for (const RecorderRow& row :
+       {RecorderRow{KORRecord::Mode::Capture, true, false}, RecorderRow{KORRecord::Mode::Replay, false, true},
+        RecorderRow{KORRecord::Mode::Rest, false, false}}) {
+    session.GetRecorder().SetMode(row.Mode);
+    EXPECT_EQ(KORRecord::GetMain()->IsCapture() != 0, row.IsCapture);
+    EXPECT_EQ(KORRecord::GetMain()->IsReplay() != 0, row.IsReplay);
+  }
+}
+
+TEST(KORSessionTest, OperatingSystemStartsAsOneWithSlash) {
+  KORSession session;
+  const KORSession::Scope scope(session);
+  const int code = KORGetOperatingSystem(0) & 0xFFFF;
+  EXPECT_TRUE(code <= 3 || code == 7);
+  session.SetOperatingSystem(0x10004);
+  EXPECT_EQ(KORGetOperatingSystem(0), 0x10004);
+}
+
+TEST(KORSessionTest, FaultsLastUntilTheyAreCleared) {
+  KORSession session;
+  EXPECT_EQ(session.GetFault("KORSplitPath"), S_OK);
+  session.InjectFault("KORSplitPath", E_FAIL);
+  EXPECT_EQ(session.GetFault("KORSplitPath"), E_FAIL);
+  EXPECT_EQ(session.GetFault("KORListDirectory"), S_OK);
+  session.InjectFault("KORSplitPath", E_INVALIDARG);
+  EXPECT_EQ(session.GetFault("KORSplitPath"), E_INVALIDARG);
+  session.ClearFaults();
+  EXPECT_EQ(session.GetFault("KORSplitPath"), S_OK);
+}
+
+}  // namespace
