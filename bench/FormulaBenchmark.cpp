@@ -198,8 +198,9 @@ std::vector<Goal> Goals() {
       {"muParser without optimizer, parser reused / evaluation", "muparser_plain", "evaluation", Goal::Bound::AtLeast,
        50.0},
       {"255 characters of nested calls, in microseconds", "nested_calls/255", "", Goal::Bound::AtMost, 100.0, 1e-3},
+      // A cost that grows with the square would give 256; the bound leaves room for memory beyond the caches.
       {"a character of 1,048,576 nested ones / of 4,096", "nested_calls/1048576", "nested_calls/4096",
-       Goal::Bound::AtMost, 2.0, 4096.0 / 1048576.0},
+       Goal::Bound::AtMost, 4.0, 4096.0 / 1048576.0},
   };
 }
 

@@ -22,8 +22,11 @@ quietly() {
 
 # build PRESET [CMAKE-OPTION...]: configures and builds build/PRESET.
 build() {
-  local preset=$1
-  shift
-  quietly "configure-$preset" cmake --preset "$preset" "$@" || return 1
-  quietly "build-$preset" cmake --build "build/$preset" --parallel "$jobs"
+  build_target "$1" all "${@:2}"
+}
+
+# build_target PRESET TARGET [CMAKE-OPTION...]: the same for one target.
+build_target() {
+  quietly "configure-$1" cmake --preset "$1" "${@:3}" || return 1
+  quietly "build-$1" cmake --build "build/$1" --parallel "$jobs" --target "$2"
 }

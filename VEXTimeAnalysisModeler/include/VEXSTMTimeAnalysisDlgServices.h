@@ -217,8 +217,8 @@ class VEXTIMEANALYSISMODELER_API VEXSTMTimeAnalysisDlgServices : public KORBaseU
   /// Returns 1 if the whole code matches; 0, with the outputs untouched, if not. The arrays are the caller's and must
   /// hold as many elements as the pattern has tokens. Each thread remembers the patterns that it has compiled, up to a
   /// bound.
-  unsigned char CheckDataCardCodePattern(KORUnicodeString code, KORUnicodeString pattern, int& count, double* values,
-                                         int* flags);
+  unsigned char CheckDataCardCodePattern(const KORUnicodeString& code, const KORUnicodeString& pattern, int& count,
+                                         double* values, int* flags);
 
   // -------------------------------------------------------------------------------------------------- Code norms
 

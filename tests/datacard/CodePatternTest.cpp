@@ -20,7 +20,7 @@ using support::Unicode;
 
 struct Token {
   int type;
-  std::string text = "";
+  std::string text = {};
   int min = 0;
   int max = 0;
 

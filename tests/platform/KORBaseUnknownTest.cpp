@@ -99,7 +99,10 @@ TEST(KORHandleTest, CountsAcrossThreads) {
     std::vector<std::thread> threads;
     for (int index = 0; index < 4; ++index) {
       threads.emplace_back([object] {
-        for (int round = 0; round < 10000; ++round) const Counted_var copy = object;
+        for (int round = 0; round < 10000; ++round) {
+          const Counted_var copy = object;
+          EXPECT_EQ(copy->Value, 3);
+        }
       });
     }
     for (std::thread& thread : threads) thread.join();

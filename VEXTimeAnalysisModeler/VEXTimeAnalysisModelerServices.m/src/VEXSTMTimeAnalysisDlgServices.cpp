@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "codenorm/CodeTime.h"
@@ -29,7 +30,7 @@
 
 namespace {
 
-constexpr const char* ChainedSystem = "SAM";  // its codes are chains of parts joined by "+"
+constexpr std::string_view ChainedSystem = "SAM";  // its codes are chains of parts joined by "+"
 
 /// The setting "mintotmuconversion"; 0 if it is missing.
 double ConversionSetting() {
@@ -67,7 +68,7 @@ VEXSTMTimeAnalysisDlgServices* VEXSTMTimeAnalysisDlgServices::CreateItself() {
 // Time formulas
 
 double VEXSTMTimeAnalysisDlgServices::GetTimeFromFormula(KORUnicodeString formula, int& status) {
-  return timevalue::TimeOfFormula(std::move(formula), _Subsystem, status);
+  return timevalue::TimeOfFormula(formula.Bytes(), _Subsystem.Bytes(), status);
 }
 
 long VEXSTMTimeAnalysisDlgServices::GetStringWithDotDecimalChar(KORUnicodeString& text) {
@@ -239,15 +240,16 @@ VEXSTMDataCardCodeScan* VEXSTMTimeAnalysisDlgServices::GetDataCardCodeScan(const
                                                                            VEXSTMDataCardCodeScan* tokens,
                                                                            int& consumed) {
   if (tokens == nullptr) return nullptr;
-  return datacard::WalkScans(code == nullptr ? "" : code, _Subsystem == ChainedSystem, tokens, consumed);
+  return datacard::WalkScans(code == nullptr ? "" : code, _Subsystem.Bytes() == ChainedSystem, tokens, consumed);
 }
 
-unsigned char VEXSTMTimeAnalysisDlgServices::CheckDataCardCodePattern(KORUnicodeString code, KORUnicodeString pattern,
-                                                                      int& count, double* values, int* flags) {
+unsigned char VEXSTMTimeAnalysisDlgServices::CheckDataCardCodePattern(const KORUnicodeString& code,
+                                                                      const KORUnicodeString& pattern, int& count,
+                                                                      double* values, int* flags) {
   if (pattern.IsEmpty()) return 0;
   datacard::PatternMemory& memory = datacard::PatternMemory::OfThread();
   const datacard::CodePattern& compiled = memory.PatternOf(pattern.Bytes());
-  if (!datacard::MatchesWhole(compiled, code.Bytes(), _Subsystem == ChainedSystem, memory.Matches())) return 0;
+  if (!datacard::MatchesWhole(compiled, code.Bytes(), _Subsystem.Bytes() == ChainedSystem, memory.Matches())) return 0;
   count = static_cast<int>(compiled.Size());
   for (std::size_t position = 0; position < compiled.Size(); ++position) {
     const datacard::TokenMatch& match = memory.Matches()[position];
@@ -277,7 +279,7 @@ KORUnicodeString VEXSTMTimeAnalysisDlgServices::GetMOSTCodeFromNormFormatService
 }
 
 KORUnicodeString VEXSTMTimeAnalysisDlgServices::GetMODAPTSCodeFromNormFormatService(const KORUnicodeString& norm) {
-  return codenorm::ModaptsCodeOfNorm(norm, _Subsystem);
+  return codenorm::ModaptsCodeOfNorm(norm, _Subsystem.Bytes());
 }
 
 unsigned char VEXSTMTimeAnalysisDlgServices::IsSequentialCode(const KORUnicodeString& code) {
@@ -288,7 +290,7 @@ void VEXSTMTimeAnalysisDlgServices::GetMOSTProcessTimeCodes(KORListValKORUnicode
                                                             KORListValKORUnicodeString& texts) {
   if (_DCEntries == nullptr) return;
   for (const VEXSTMDataCardEntriesScan& entry : _DCEntries->Records()) {
-    if (entry._CodeID != "0") continue;
+    if (entry._CodeID.Bytes() != "0") continue;
     codes.Append(entry._Code);
     texts.Append(entry._Text);
   }
@@ -305,8 +307,8 @@ void VEXSTMTimeAnalysisDlgServices::GetTimeToCode(KORUnicodeString& code, KORUni
   }
   _TACodeID = KORUnicodeString();
   code.ToUpper();
-  const codenorm::CodeTime found = codenorm::LookUpCode(code, _DCEntries.get(), _Subsystem);
-  time = KORUnicodeString(found.Time);
+  const codenorm::CodeTime found = codenorm::LookUpCode(code.Bytes(), _DCEntries.get(), _Subsystem.Bytes());
+  time = KORUnicodeString(std::string_view(found.Time));
   if (!found.Entry) return;
   const VEXSTMDataCardEntriesScan& entry = _DCEntries->Records()[*found.Entry];
   description = entry._Text;
@@ -321,7 +323,7 @@ void VEXSTMTimeAnalysisDlgServices::GetTimeToCode(KORUnicodeString& code, KORUni
 void VEXSTMTimeAnalysisDlgServices::GetOptionID(KORUnicodeString code, long& option_id) {
   if (code.IsEmpty()) return;
   code.ToUpper();
-  option_id |= codenorm::OptionsOfCode(code, _DCEntries.get(), _Subsystem);
+  option_id |= codenorm::OptionsOfCode(code.Bytes(), _DCEntries.get(), _Subsystem.Bytes());
 }
 
 void VEXSTMTimeAnalysisDlgServices::SubstParameterCode(KORUnicodeString& formula, const double* values,

@@ -9,7 +9,6 @@
 
 #include "VEXSTMDataCardScans.h"
 #include "datacard/EntryTable.h"
-#include "platform/base/KORUnicodeString.h"
 
 namespace codenorm {
 
@@ -33,10 +32,10 @@ struct CodeTime {
 };
 
 /// Looks up a code that is not empty and in upper case. `table` may be null: nothing is found then.
-CodeTime LookUpCode(const KORUnicodeString& code, const datacard::EntryTable* table, const KORUnicodeString& system);
+CodeTime LookUpCode(std::string_view code, const datacard::EntryTable* table, std::string_view system);
 
 /// The option bits that a code in upper case selects.
-long OptionsOfCode(const KORUnicodeString& code, const datacard::EntryTable* table, const KORUnicodeString& system);
+long OptionsOfCode(std::string_view code, const datacard::EntryTable* table, std::string_view system);
 
 /// Replaces each "$n$" of a formula by the value at position n if its flag is set, else by nothing.
 std::string Substitute(std::string_view formula, const CodeNumbers& numbers);

@@ -17,7 +17,7 @@ constexpr const char* Unreadable = "0";
 
 class ModaptsMachine {
  public:
-  ModaptsMachine(std::string_view text, const KORUnicodeString& system) : _Text(text), _System(system) {}
+  ModaptsMachine(std::string_view text, std::string_view system) : _Text(text), _System(system) {}
 
   std::string Run();
 
@@ -38,7 +38,7 @@ class ModaptsMachine {
 
   double MultiplierValue() const {
     int status = 0;  // an unreadable multiplier counts as 0
-    return timevalue::TimeOfFormula(KORUnicodeString(_Number), _System, status);
+    return timevalue::TimeOfFormula(_Number, _System, status);
   }
 
   /// Closes the parameter written last and begins the next with the character at `next`.
@@ -52,7 +52,7 @@ class ModaptsMachine {
   char Before() const { return _Text[_Index - 1]; }
 
   std::string_view _Text;
-  const KORUnicodeString& _System;
+  std::string_view _System;
   std::size_t _Index = 0;
   State _State = State::Start;
   std::string _Code;
@@ -137,7 +137,7 @@ std::string_view WithoutBlanksAtEnds(std::string_view text) {
 
 }  // namespace
 
-KORUnicodeString ModaptsCodeOfNorm(const KORUnicodeString& norm, const KORUnicodeString& system) {
+KORUnicodeString ModaptsCodeOfNorm(const KORUnicodeString& norm, std::string_view system) {
   std::string text(WithoutBlanksAtEnds(norm.Bytes()));
   if (!IsSequence(text)) return norm;
   // Only where there are brackets can a blank end a multiplier.

@@ -11,9 +11,9 @@ namespace {
 constexpr std::uint32_t NoPattern = 0xFFFFFFFFu;
 
 void SortOut(EntryPositions& positions) {
-  std::ranges::sort(positions);
-  const auto repeated = std::ranges::unique(positions);
-  positions.erase(repeated.begin(), repeated.end());
+  if (positions.size() < 2) return;
+  std::sort(positions.begin(), positions.end());
+  positions.erase(std::unique(positions.begin(), positions.end()), positions.end());
 }
 
 void Append(const EntryPositions& source, EntryPositions& target) {
@@ -28,21 +28,27 @@ bool BeginsWithNumber(std::string_view text) {
 }  // namespace
 
 void PrefixIndex::Add(std::string_view prefix, std::uint32_t position) {
-  EntryPositions& positions = _Entries[prefix];
+  MakeRoom();
+  std::uint64_t hash = HashStart;
+  for (const char byte : prefix) hash = HashStep(hash, byte);
+  std::uint32_t& number = _Places[PlaceOf(hash, prefix)];
+  if (number == 0) {
+    _Filed.push_back({prefix, hash, {}});
+    number = static_cast<std::uint32_t>(_Filed.size());
+  }
+  EntryPositions& positions = _Filed[number - 1].Positions;
   if (positions.empty() || positions.back() != position) positions.push_back(position);
-  const auto place = std::ranges::lower_bound(_Lengths, prefix.size());
-  if (place == _Lengths.end() || *place != prefix.size()) _Lengths.insert(place, prefix.size());
+  if (prefix.size() < MarkedLengths) _LengthMarks |= std::uint64_t{1} << prefix.size();
+  _MostLength = std::max(_MostLength, prefix.size());
 }
 
-const EntryPositions* PrefixIndex::Find(std::string_view prefix) const {
-  const auto found = _Entries.find(prefix);
-  return found == _Entries.end() ? nullptr : &found->second;
-}
-
-void PrefixIndex::AppendMatches(std::string_view code, EntryPositions& positions) const {
-  for (const std::size_t length : _Lengths) {
-    if (length > code.size()) return;
-    if (const EntryPositions* found = Find(code.substr(0, length))) Append(*found, positions);
+/// Keeps at least half of the places free.
+void PrefixIndex::MakeRoom() {
+  if (2 * (_Filed.size() + 1) <= _Places.size()) return;
+  constexpr std::size_t first_size = 16;
+  _Places.assign(std::max(first_size, 2 * _Places.size()), 0);
+  for (std::size_t index = 0; index < _Filed.size(); ++index) {
+    _Places[PlaceOf(_Filed[index].Hash, _Filed[index].Prefix)] = static_cast<std::uint32_t>(index + 1);
   }
 }
 
@@ -68,29 +74,23 @@ CodeIndex::CodeIndex(const std::vector<VEXSTMDataCardEntriesScan>& entries)
 void CodeIndex::AppendPatternCandidates(std::string_view code, EntryPositions& positions) const {
   if (code.empty()) return Append(_PatternEntries, positions);
   Append(_AnyBeginning, positions);
-  _ByBeginning.AppendMatches(code, positions);
+  _ByBeginning.ForEachPrefix(code, [&](std::string_view, const EntryPositions& found) { Append(found, positions); });
 }
 
-EntryPositions CodeIndex::PatternCandidates(std::string_view code) const {
-  EntryPositions positions;
+void CodeIndex::FindPatternCandidates(std::string_view code, EntryPositions& positions) const {
+  positions.clear();
   AppendPatternCandidates(code, positions);
   SortOut(positions);
-  return positions;
 }
 
-EntryPositions CodeIndex::Candidates(std::string_view code, bool with_number) const {
-  EntryPositions positions;
+void CodeIndex::FindCandidates(std::string_view code, bool with_number, EntryPositions& positions) const {
+  positions.clear();
   AppendPatternCandidates(code, positions);
-  if (const EntryPositions* exact = _ByCode.Find(code)) Append(*exact, positions);
-  if (with_number) {
-    for (const std::size_t length : _ByCode.Lengths()) {
-      if (length >= code.size()) break;
-      const EntryPositions* found = _ByCode.Find(code.substr(0, length));
-      if (found != nullptr && BeginsWithNumber(code.substr(length))) Append(*found, positions);
-    }
-  }
+  _ByCode.ForEachPrefix(code, [&](std::string_view prefix, const EntryPositions& found) {
+    const bool whole = prefix.size() == code.size();
+    if (whole || (with_number && BeginsWithNumber(code.substr(prefix.size())))) Append(found, positions);
+  });
   SortOut(positions);
-  return positions;
 }
 
 }  // namespace datacard
