@@ -9,7 +9,9 @@
 #include <utility>
 #include <vector>
 
+#include "codenorm/LookupMemory.h"
 #include "codenorm/SequenceText.h"
+#include "platform/base/KORLocale.h"
 #include "platform/base/KORNumberText.h"
 #include "platform/base/KORTruncation.h"
 #include "platform/base/KORUnicodeString.h"
@@ -69,12 +71,13 @@ class MatchedNumbers {
   std::vector<int> _Flags;
 };
 
-/// Room for the work of lookups, kept by each thread, so that a lookup need not ask for memory.
+/// Room for the work of lookups and the memory of their answers, kept by each thread.
 struct LookupRoom {
   datacard::EntryPositions Candidates;
   std::vector<datacard::TokenMatch> Matches;
   MatchedNumbers Numbers;                     // of the pattern that matched last
   std::vector<std::string_view> OptionTimes;  // by pattern position, from 1
+  LookupMemory Memory;
 
   static LookupRoom& OfThread() {
     thread_local LookupRoom room;
@@ -186,9 +189,15 @@ CodeTime Lookup::Finish() {
 }  // namespace
 
 CodeTime LookUpCode(std::string_view code, const datacard::EntryTable* table, std::string_view system) {
+  if (table == nullptr) return Lookup(code, system).Finish();
+  LookupMemory& memory = LookupRoom::OfThread().Memory;
+  memory.Enter(table->Number(), system, KORLocalDecimalCharacter());
+  if (const CodeTime* answer = memory.Find(code)) return *answer;
   Lookup lookup(code, system);
-  if (table != nullptr) lookup.Visit(*table);
-  return lookup.Finish();
+  lookup.Visit(*table);
+  const CodeTime answer = lookup.Finish();
+  memory.Remember(code, answer);
+  return answer;
 }
 
 long OptionsOfCode(std::string_view code, const datacard::EntryTable* table, std::string_view system) {

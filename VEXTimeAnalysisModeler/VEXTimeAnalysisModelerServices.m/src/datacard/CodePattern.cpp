@@ -175,11 +175,6 @@ CodePattern::CodePattern(std::vector<PatternToken> tokens)
     : _Tokens(CutAtEnd(std::move(tokens))), _Closings(ClosingsOf(_Tokens)) {
 }
 
-double NumberOf(const PatternToken& token, const TokenMatch& match) {
-  if (token.Type == Type::IntegerParameter) return match.Integer;
-  return token.Type == Type::RealParameter ? match.Real : 0.0;
-}
-
 std::optional<std::vector<std::string_view>> LeadingLiterals(const CodePattern& pattern) {
   return LeadingLiteralSearch(pattern).Run();
 }

@@ -86,7 +86,10 @@ class CodePattern {
 };
 
 /// The number that a parameter holds for references to its position; 0.0 for a token that is no parameter.
-double NumberOf(const PatternToken& token, const TokenMatch& match);
+inline double NumberOf(const PatternToken& token, const TokenMatch& match) {
+  if (token.Type == PatternTokenType::IntegerParameter) return match.Integer;
+  return token.Type == PatternTokenType::RealParameter ? match.Real : 0.0;
+}
 
 /// True if the whole code matches; `matches` then has an element for each token. On false its content says nothing.
 bool MatchesWhole(const CodePattern& pattern, std::string_view code, bool chained, std::vector<TokenMatch>& matches);

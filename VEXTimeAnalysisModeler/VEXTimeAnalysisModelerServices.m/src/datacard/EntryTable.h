@@ -1,6 +1,8 @@
 // The table of the codes of a motion-time system.
 #pragma once
 
+#include <atomic>
+#include <cstdint>
 #include <memory>
 #include <mutex>
 #include <utility>
@@ -19,6 +21,9 @@ class EntryTable {
 
   const std::vector<VEXSTMDataCardEntriesScan>& Records() const { return _Records; }
 
+  /// A number that no other table of the process has, also none that is gone.
+  std::uint64_t Number() const { return _Number; }
+
   /// The index, made by the first caller that needs it.
   const CodeIndex& Index() const {
     std::call_once(_IndexMade, [this] { _Index = std::make_unique<CodeIndex>(_Records); });
@@ -26,7 +31,13 @@ class EntryTable {
   }
 
  private:
+  static std::uint64_t NextNumber() {
+    static std::atomic<std::uint64_t> last{0};
+    return ++last;
+  }
+
   std::vector<VEXSTMDataCardEntriesScan> _Records;
+  std::uint64_t _Number = NextNumber();
   mutable std::once_flag _IndexMade;
   mutable std::unique_ptr<const CodeIndex> _Index;
 };

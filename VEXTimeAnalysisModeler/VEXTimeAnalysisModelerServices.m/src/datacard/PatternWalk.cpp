@@ -23,44 +23,70 @@ std::size_t PrintedLength(int number) {
   return length;
 }
 
-/// A real number of a code: its value, and the length of its text as "%g" prints it.
-struct PrintedReal {
-  double Value;
-  std::size_t Length;
-};
-
 bool IsDigit(char character) {
   return character >= '0' && character <= '9';
 }
 
-/// Reads a number that stands in its printed form already, so that it need not be printed and read again: up to six
-/// digits, of which neither the first of several whole ones nor the last of a fraction is 0. Nothing for any other
-/// number.
-std::optional<PrintedReal> ReadPrintedReal(std::string_view text) {
-  constexpr std::array powers_of_ten{1.0, 10.0, 100.0, 1000.0, 10000.0, 100000.0};
-  constexpr std::size_t most_digits = 6;
-  std::size_t length = 0;
-  int digits = 0;
-  const auto take_digits = [&] {
-    const std::size_t first = length;
-    for (; length < text.size() && length <= most_digits && IsDigit(text[length]); ++length) {
-      digits = digits * 10 + (text[length] - '0');
-    }
-    return length - first;
-  };
-  const std::size_t whole_digits = take_digits();
-  if (whole_digits == 0 || text.front() == '0') return std::nullopt;
-  std::size_t fraction_digits = 0;
-  if (length < text.size() && text[length] == '.') {
-    ++length;
-    fraction_digits = take_digits();
-    if (fraction_digits == 0 || text[length - 1] == '0') return std::nullopt;
+/// Literals are short: a loop in place beats a call.
+bool BeginsWith(std::string_view text, std::string_view beginning) {
+  if (text.size() < beginning.size()) return false;
+  for (std::size_t index = 0; index < beginning.size(); ++index) {
+    if (text[index] != beginning[index]) return false;
   }
-  if (whole_digits + fraction_digits > most_digits) return std::nullopt;
-  constexpr std::string_view continuations = ".eE0123456789";
-  if (length < text.size() && continuations.find(text[length]) != std::string_view::npos) return std::nullopt;
-  return PrintedReal{digits / powers_of_ten[fraction_digits], length};
+  return true;
 }
+
+/// A number of a code, and the length of its text as it is printed.
+template <class Number>
+struct Printed {
+  Number Value;
+  std::size_t Length;
+};
+
+/// Reads a number that stands in its printed form already, so that it need not be printed and read again: up to six
+/// digits, of which neither the first whole one nor the last of a fraction is 0. Nothing for any other number.
+class PrintedNumberReader {
+ public:
+  explicit PrintedNumberReader(std::string_view text) : _Text(text) {}
+
+  std::optional<Printed<int>> ReadInteger() {
+    const std::size_t digits = TakeDigits();
+    if (digits == 0 || digits > MostDigits || _Text.front() == '0') return std::nullopt;
+    return Printed<int>{_Digits, _Length};
+  }
+
+  std::optional<Printed<double>> ReadReal() {
+    constexpr std::array powers_of_ten{1.0, 10.0, 100.0, 1000.0, 10000.0, 100000.0};
+    const std::size_t whole_digits = TakeDigits();
+    if (whole_digits == 0 || _Text.front() == '0') return std::nullopt;
+    std::size_t fraction_digits = 0;
+    if (NextIs('.')) {
+      ++_Length;
+      fraction_digits = TakeDigits();
+      if (fraction_digits == 0 || _Text[_Length - 1] == '0') return std::nullopt;
+    }
+    if (whole_digits + fraction_digits > MostDigits || NextIs('.') || NextIs('e') || NextIs('E')) return std::nullopt;
+    return Printed<double>{_Digits / powers_of_ten[fraction_digits], _Length};
+  }
+
+ private:
+  static constexpr std::size_t MostDigits = 6;
+
+  bool NextIs(char character) const { return _Length < _Text.size() && _Text[_Length] == character; }
+
+  /// Takes one digit more than may be, so that too long a number is seen.
+  std::size_t TakeDigits() {
+    const std::size_t first = _Length;
+    for (; _Length < _Text.size() && _Length - first <= MostDigits && IsDigit(_Text[_Length]); ++_Length) {
+      _Digits = _Digits * 10 + (_Text[_Length] - '0');
+    }
+    return _Length - first;
+  }
+
+  std::string_view _Text;
+  std::size_t _Length = 0;
+  int _Digits = 0;
+};
 
 /// One level of the pattern under way: the whole of it, or the inside of a group.
 struct Level {
@@ -255,24 +281,28 @@ std::size_t Walker::ClosingSkip(std::size_t from, int depth) const {
 
 void Walker::TakeInteger() {
   if (AtEndOfCode()) return FailUnlessAlternative();
-  const std::optional<int> number = _Integer.Read(_Level.Position, Rest(), kornumber::ReadInteger);
-  if (!number) return After();
+  std::optional<Printed<int>> number = PrintedNumberReader(Rest()).ReadInteger();
+  if (!number) {
+    const std::optional<int> read = _Integer.Read(_Level.Position, Rest(), kornumber::ReadInteger);
+    if (!read) return After();
+    number = Printed<int>{*read, PrintedLength(*read)};
+  }
   const PatternToken& token = _Pattern[_Level.Token];
-  _Matches[_Level.Token].Integer = *number;
-  if (*number < token.Min || *number > token.Max) {
+  _Matches[_Level.Token].Integer = number->Value;
+  if (number->Value < token.Min || number->Value > token.Max) {
     if (_Level.Alternatives) return After();
     return Next();
   }
-  TakeNumber(PrintedLength(*number));
+  TakeNumber(number->Length);
 }
 
 void Walker::TakeReal() {
   if (AtEndOfCode()) return FailUnlessAlternative();
-  std::optional<PrintedReal> number = ReadPrintedReal(Rest());
+  std::optional<Printed<double>> number = PrintedNumberReader(Rest()).ReadReal();
   if (!number) {
     _Level.Real = _Real.Read(_Level.Position, Rest(), kornumber::ReadReal).value_or(_Level.Real);
     const std::string printed = kornumber::PrintReal(_Level.Real);
-    number = PrintedReal{kornumber::ReadReal(printed).value_or(_Level.Real), printed.size()};
+    number = Printed<double>{kornumber::ReadReal(printed).value_or(_Level.Real), printed.size()};
   }
   _Level.Real = number->Value;
   const PatternToken& token = _Pattern[_Level.Token];
@@ -284,16 +314,15 @@ void Walker::TakeReal() {
 void Walker::TakeLiteral() {
   if (AtEndOfCode()) return FailUnlessAlternative();
   const std::string& literal = _Pattern[_Level.Token].Text;
-  std::string_view rest = Rest();
-  bool equal = rest.starts_with(literal);
-  if (equal && _Chained) {  // the literal is one whole part of the chain
-    rest.remove_prefix(literal.size());
-    equal = literal.find('+') == std::string::npos && (rest.empty() || rest.front() == '+');
-  }
+  const std::string_view rest = Rest();
+  bool equal = BeginsWith(rest, literal);
+  const bool joined = rest.size() > literal.size();
+  // In a chain the literal is one whole part.
+  if (_Chained && joined) equal = equal && rest[literal.size()] == '+';
+  if (_Chained) equal = equal && literal.find('+') == std::string::npos;
   if (!equal) return FailUnlessAlternative();
   Mark();
-  Advance(literal.size());
-  if (_Chained && !rest.empty()) Advance(1);
+  Advance(literal.size() + (_Chained && joined ? 1 : 0));
   After();
 }
 
@@ -306,7 +335,7 @@ PatternWalk CodePattern::Walk(std::string_view code, bool chained, std::vector<T
 
 bool MatchesWhole(const CodePattern& pattern, std::string_view code, bool chained, std::vector<TokenMatch>& matches) {
   // Most codes fail at the first literal.
-  if (pattern[0].Type == Type::Literal && !code.starts_with(pattern[0].Text)) return false;
+  if (pattern[0].Type == Type::Literal && !BeginsWith(code, pattern[0].Text)) return false;
   matches.assign(pattern.Size(), TokenMatch{});
   const PatternWalk walk = pattern.Walk(code, chained, matches);
   return walk.Stop && walk.Consumed == code.size();
