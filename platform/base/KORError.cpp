@@ -14,7 +14,8 @@ std::optional<KORError>& LastError() {
 
 }  // namespace
 
-KORError::KORError(long status, KORUnicodeString message) : _Status(status), _Message(std::move(message)) {}
+KORError::KORError(long status, KORUnicodeString message) : _Status(status), _Message(std::move(message)) {
+}
 
 std::optional<KORError> KORError::KORGetLastError(long status, const void* /*reserved*/) {
   const std::optional<KORError>& last = LastError();
@@ -22,8 +23,14 @@ std::optional<KORError> KORError::KORGetLastError(long status, const void* /*res
   return last;
 }
 
-void KORError::SetLastError(const KORError& error) { LastError() = error; }
+void KORError::SetLastError(const KORError& error) {
+  LastError() = error;
+}
 
-void KORError::ClearLastError() { LastError().reset(); }
+void KORError::ClearLastError() {
+  LastError().reset();
+}
 
-void ThrowErrorNullVar() { throw KORError(E_FAIL, "Call through a null handle"); }
+void ThrowErrorNullVar() {
+  throw KORError(E_FAIL, "Call through a null handle");
+}

@@ -10,7 +10,11 @@ inline constexpr long E_NOINTERFACE = static_cast<std::int32_t>(0x80004002u);
 inline constexpr long E_INVALIDARG = static_cast<std::int32_t>(0x80070057u);
 
 /// True if an operation that returned `status` failed.
-constexpr bool Failed(long status) { return status < 0; }
+constexpr bool Failed(long status) {
+  return status < 0;
+}
 
 /// True if an operation that returned `status` did its work.
-constexpr bool Succeeded(long status) { return status >= 0; }
+constexpr bool Succeeded(long status) {
+  return status >= 0;
+}

@@ -15,7 +15,11 @@ constexpr Integer Truncate(double value) {
   return std::numeric_limits<Integer>::min();
 }
 
-constexpr std::int32_t TruncateToInt32(double value) { return Truncate<std::int32_t>(value); }
-constexpr std::int64_t TruncateToInt64(double value) { return Truncate<std::int64_t>(value); }
+constexpr std::int32_t TruncateToInt32(double value) {
+  return Truncate<std::int32_t>(value);
+}
+constexpr std::int64_t TruncateToInt64(double value) {
+  return Truncate<std::int64_t>(value);
+}
 
 }  // namespace kornumber
