@@ -25,8 +25,8 @@ build() {
   build_target "$1" all "${@:2}"
 }
 
-# build_target PRESET TARGET [CMAKE-OPTION...]: the same for one target.
+# build_target PRESET TARGETS [CMAKE-OPTION...]: the same for some targets, with blanks between them.
 build_target() {
   quietly "configure-$1" cmake --preset "$1" "${@:3}" || return 1
-  quietly "build-$1" cmake --build "build/$1" --parallel "$jobs" --target "$2"
+  quietly "build-$1" cmake --build "build/$1" --parallel "$jobs" --target $2
 }

@@ -57,8 +57,9 @@ class KORPLATFORM_API KORSession {
   int GetOperatingSystem() const { return _OperatingSystem; }
   void SetOperatingSystem(int code) { _OperatingSystem = code; }
 
-  /// Makes every later call of a platform operation in this session fail with `status`, by the operation's name,
-  /// until ClearFaults. For tests of what callers do then.
+  /// Makes every later call of a platform operation in this session fail with `status`, by the operation's name, until
+  /// ClearFaults. For tests of what callers do then. The operations that can fail so: "KORSysGetLocalDecimalChar",
+  /// "KORSplitPath", "KORListDirectory", "CreateKORIXMLDOMDocumentBuilder", "CreateKORIXMLSAX2Factory", "Parse".
   void InjectFault(const std::string& operation, long status);
   void ClearFaults();
   /// The status with which the operation is to fail; S_OK if it is to do its work.

@@ -65,11 +65,13 @@ class PatternCompiler {
       Take();
       return {Type::EmptyLiteral};
     }
-    return {Type::Literal, std::string(TakeUpTo('"'))};
+    PatternToken token{Type::Literal};
+    token.Text = TakeUpTo('"');
+    return token;
   }
 
   PatternToken ParameterOf(Type type) {
-    PatternToken token{type, {}, LeastParameter, GreatestParameter};
+    PatternToken token{type, LeastParameter, GreatestParameter};
     if (!_Rest.starts_with('[')) return token;
     Take();
     const std::string_view range = TakeUpTo(']');
@@ -89,17 +91,23 @@ class PatternCompiler {
   int _Bound = 0;  // the bound last read
 };
 
-/// For each position the first ")" at or behind it that closes a group opened ahead of it; the end if there is none.
-std::vector<std::size_t> ClosingsOf(const std::vector<PatternToken>& tokens) {
-  const std::size_t end = tokens.size() - 1;
-  std::vector<std::size_t> closings(tokens.size(), end);
-  std::vector<std::size_t> open_closings;  // of the groups around the position, the innermost last
-  for (std::size_t position = end; position-- > 0;) {
+/// Finds for each position the first ")" at or behind it that closes a group opened ahead of it; the end if there is
+/// none.
+void FindClosings(std::vector<PatternToken>& tokens) {
+  const auto end = static_cast<std::uint32_t>(tokens.size() - 1);
+  tokens[end].Closing = end;
+  std::vector<std::uint32_t> open_closings;  // of the groups around the position, the innermost last
+  for (std::uint32_t position = end; position-- > 0;) {
     if (tokens[position].Type == Type::GroupClose) open_closings.push_back(position);
     if (tokens[position].Type == Type::GroupOpen && !open_closings.empty()) open_closings.pop_back();
-    if (!open_closings.empty()) closings[position] = open_closings.back();
+    tokens[position].Closing = open_closings.empty() ? end : open_closings.back();
   }
-  return closings;
+}
+
+std::unique_ptr<char[]> Copied(std::string_view text) {
+  auto copy = std::make_unique<char[]>(text.size());
+  std::ranges::copy(text, copy.get());
+  return copy;
 }
 
 /// What one level of a pattern adds to the texts that a code can begin with.
@@ -168,11 +176,12 @@ std::vector<PatternToken> CutAtEnd(std::vector<PatternToken> tokens) {
 }  // namespace
 
 CodePattern::CodePattern(std::string_view pattern)
-    : _Tokens(PatternCompiler(pattern).Run()), _Closings(ClosingsOf(_Tokens)) {
+    : _Text(Copied(pattern)), _Tokens(PatternCompiler({_Text.get(), pattern.size()}).Run()) {
+  FindClosings(_Tokens);
 }
 
-CodePattern::CodePattern(std::vector<PatternToken> tokens)
-    : _Tokens(CutAtEnd(std::move(tokens))), _Closings(ClosingsOf(_Tokens)) {
+CodePattern::CodePattern(std::vector<PatternToken> tokens) : _Tokens(CutAtEnd(std::move(tokens))) {
+  FindClosings(_Tokens);
 }
 
 std::optional<std::vector<std::string_view>> LeadingLiterals(const CodePattern& pattern) {

@@ -16,8 +16,9 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <memory>
 #include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -41,9 +42,10 @@ inline constexpr int GreatestParameter = 1000000;
 
 struct PatternToken {
   PatternTokenType Type = PatternTokenType::End;
-  std::string Text{};  // of a literal
-  int Min = 0;         // bounds of a parameter
+  int Min = 0;  // bounds of a parameter
   int Max = 0;
+  std::uint32_t Closing = 0;  // where the group or the pattern around the token ends; see CodePattern::ClosingOf
+  std::string_view Text{};    // of a literal; belongs to the pattern
 };
 
 /// What a match found at one token.
@@ -60,19 +62,21 @@ struct PatternWalk {
   std::size_t Consumed = 0;         // bytes of the code matched, of a failed walk too
 };
 
-/// A compiled pattern. Constant once made, so that threads may share it.
+/// A compiled pattern. Constant once made, so that threads may share it. Moves, but does not copy.
 class CodePattern {
  public:
   explicit CodePattern(std::string_view pattern);
-  /// From tokens; what stands behind an End token is dropped.
+  /// From tokens; what stands behind an End token is dropped. The texts stay the caller's and must outlive the pattern.
   explicit CodePattern(std::vector<PatternToken> tokens);
+  CodePattern(CodePattern&&) = default;
+  CodePattern& operator=(CodePattern&&) = default;
 
   /// Number of tokens, and the token at a position; the token at Size() is the end.
   std::size_t Size() const { return _Tokens.size() - 1; }
   const PatternToken& operator[](std::size_t position) const { return _Tokens[position]; }
 
   /// Where the inside of the group or of the pattern that begins at `position` ends: its ")", or Size() if it has none.
-  std::size_t ClosingOf(std::size_t position) const { return _Closings[position]; }
+  std::size_t ClosingOf(std::size_t position) const { return _Tokens[position].Closing; }
 
   /// Walks the pattern along a code. `matches` has an element for each token, which the walk fills; marks that are set
   /// in it at the start stay, but for those that a failure clears.
@@ -81,8 +85,8 @@ class CodePattern {
   PatternWalk Walk(std::string_view code, bool chained, std::vector<TokenMatch>& matches) const;
 
  private:
+  std::unique_ptr<char[]> _Text;      // the pattern as written, which the literals are parts of
   std::vector<PatternToken> _Tokens;  // closed by an End token
-  std::vector<std::size_t> _Closings;
 };
 
 /// The number that a parameter holds for references to its position; 0.0 for a token that is no parameter.

@@ -2,7 +2,6 @@
 #include "datacard/CodeScans.h"
 
 #include <cstddef>
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -20,7 +19,7 @@ Type TypeOf(const Record& record) {
 std::vector<PatternToken> TokensOf(const Record* records) {
   std::vector<PatternToken> tokens;
   for (; TypeOf(*records) != Type::End; ++records) {
-    tokens.push_back({TypeOf(*records), std::string(records->_Text.Bytes()), records->_Min, records->_Max});
+    tokens.push_back({TypeOf(*records), records->_Min, records->_Max, 0, records->_Text.Bytes()});
   }
   return tokens;
 }

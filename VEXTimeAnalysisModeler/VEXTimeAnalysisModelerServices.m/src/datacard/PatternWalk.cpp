@@ -313,13 +313,13 @@ void Walker::TakeReal() {
 
 void Walker::TakeLiteral() {
   if (AtEndOfCode()) return FailUnlessAlternative();
-  const std::string& literal = _Pattern[_Level.Token].Text;
+  const std::string_view literal = _Pattern[_Level.Token].Text;
   const std::string_view rest = Rest();
   bool equal = BeginsWith(rest, literal);
   const bool joined = rest.size() > literal.size();
   // In a chain the literal is one whole part.
   if (_Chained && joined) equal = equal && rest[literal.size()] == '+';
-  if (_Chained) equal = equal && literal.find('+') == std::string::npos;
+  if (_Chained) equal = equal && literal.find('+') == std::string_view::npos;
   if (!equal) return FailUnlessAlternative();
   Mark();
   Advance(literal.size() + (_Chained && joined ? 1 : 0));
