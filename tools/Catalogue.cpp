@@ -1,6 +1,7 @@
 // Where the catalogue is, and the services of its systems.
 #include "tools/Catalogue.h"
 
+#include <cmath>
 #include <filesystem>
 #include <system_error>
 
@@ -40,6 +41,16 @@ std::string UserSettings(const KORSession& session) {
   return std::filesystem::exists(path, error) ? path : std::string();
 }
 
+// The setting of TMU per minute, if it is there and no number above 0.
+std::optional<std::string> UnusableConversion(const KORSettingRepository& repository) {
+  KORUnicodeString text;
+  if (Failed(repository.ReadSetting("mintotmuconversion", text))) return std::nullopt;
+  double number = 0.0;
+  const bool read = Succeeded(repository.ReadSetting("mintotmuconversion", number));
+  if (read && std::isfinite(number) && number > 0.0) return std::nullopt;
+  return std::string(text.Bytes());
+}
+
 void AppendFolders(std::vector<CatalogueFolder>& folders, const std::string& list, const std::string& origin) {
   for (std::size_t start = 0; start <= list.size();) {
     const std::size_t end = std::min(list.find(':', start), list.size());
@@ -66,6 +77,7 @@ Catalogue::Catalogue(const CommandLine& line, const Surroundings& surroundings) 
   KORSettingRepository& repository = session.AddRepository(RepositoryName);
   const std::string settings = line.Settings.empty() ? UserSettings(session) : line.Settings;
   if (!settings.empty()) LoadSettings(repository, settings);
+  _UnusableConversion = UnusableConversion(repository);
 
   std::vector<CatalogueFolder> startup;
   if (!line.Catalogue.empty()) {
@@ -91,6 +103,10 @@ Catalogue::Catalogue(const CommandLine& line, const Surroundings& surroundings) 
   session.SetEnvironment("KORStartupPath", search_path);
   if (_CardFolder.empty()) _CardFolder = KORFindPath(CardFolder, search_path).Bytes();
   _Folders.insert(_Folders.end(), startup.begin(), startup.end());
+}
+
+void Catalogue::TellOfSettings(Answers& answers) const {
+  if (_UnusableConversion) answers.Tell(ConversionNotUsable(*_UnusableConversion));
 }
 
 std::string Catalogue::FindEntryFile(const std::string& system) const {

@@ -1,10 +1,12 @@
 // Where the catalogue is, and the services of its systems.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "VEXSTMTimeAnalysisDlgServices.h"
+#include "tools/Answers.h"
 #include "tools/CommandLine.h"
 #include "tools/Messages.h"
 #include "tools/Surroundings.h"
@@ -35,6 +37,9 @@ class Catalogue {
   /// Reads the settings and puts the folders into the current session, where the services look for them.
   Catalogue(const CommandLine& line, const Surroundings& surroundings);
 
+  /// Tells of a setting "mintotmuconversion" that is no number above 0; the services take what they can make of it.
+  void TellOfSettings(Answers& answers) const;
+
   const std::vector<CatalogueFolder>& GetFolders() const { return _Folders; }
 
   /// The folder of the data card group files; empty if there is none.
@@ -55,6 +60,7 @@ class Catalogue {
  private:
   std::vector<CatalogueFolder> _Folders;
   std::string _CardFolder;
+  std::optional<std::string> _UnusableConversion;
 };
 
 }  // namespace tool

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <ostream>
 #include <set>
+#include <system_error>
 
 #include "platform/system/KORSystem.h"
 #include "tools/Catalogue.h"
@@ -108,6 +109,12 @@ void CheckCardFile(const std::string& path, CheckedCatalogue& checked) {
   }
 }
 
+// A link whose file is not there, which a search for the file passes over without a word.
+bool IsBrokenLink(const std::string& path) {
+  std::error_code error;
+  return std::filesystem::is_symlink(path, error) && !std::filesystem::exists(path, error);
+}
+
 std::vector<std::string> XmlFilesIn(const std::string& folder) {
   std::vector<std::string> files;
   KORListValKORUnicodeString names;
@@ -118,10 +125,30 @@ std::vector<std::string> XmlFilesIn(const std::string& folder) {
   return files;
 }
 
+// Links without their file among the folders of entry files and in that of the card groups.
+void CheckLinks(const Catalogue& catalogue, CheckedCatalogue& checked) {
+  std::set<std::string> folders;
+  for (const SearchedPlace& place : catalogue.Places()) folders.insert(place.Path);
+  if (!catalogue.GetCardFolder().empty()) {
+    folders.insert(catalogue.GetCardFolder());
+  } else {
+    for (const CatalogueFolder& folder : catalogue.GetFolders()) folders.insert(folder.Path + "/DataCard");
+  }
+  for (const std::string& folder : folders) {
+    std::vector<std::string> paths = XmlFilesIn(folder);
+    paths.push_back(folder);
+    for (const std::string& path : paths) {
+      if (!IsBrokenLink(path)) continue;
+      checked.Findings.push_back({path, 0, 0, "", findingkind::File, "a link to a file that is not there"});
+    }
+  }
+}
+
 // Files beside the entry files that carry no system's name.
 void CheckStrayFiles(const std::set<std::string>& folders, CheckedCatalogue& checked) {
   for (const std::string& folder : folders) {
     for (const std::string& path : XmlFilesIn(folder)) {
+      if (IsBrokenLink(path)) continue;
       const std::string name = std::filesystem::path(path).filename().string();
       const bool known = std::any_of(SystemNames.begin(), SystemNames.end(),
                                      [&name](std::string_view system) { return EntryFileOf(system) == name; });
@@ -173,6 +200,7 @@ void WriteJson(std::ostream& output, const CatalogueFinding& finding) {
 
 void RunCatalogueCheck(const CommandLine& line, const Surroundings& surroundings, Answers& answers) {
   const Catalogue catalogue(line, surroundings);
+  catalogue.TellOfSettings(answers);
   CheckedCatalogue checked;
   std::set<std::string> folders;
   for (const std::string_view name : SystemNames) {
@@ -182,8 +210,11 @@ void RunCatalogueCheck(const CommandLine& line, const Surroundings& surroundings
     CheckEntryFile(std::string(name), path, catalogue, checked);
   }
   CheckStrayFiles(folders, checked);
-  for (const std::string& path : XmlFilesIn(catalogue.GetCardFolder())) CheckCardFile(path, checked);
-  if (checked.Files == 0) throw NoCatalogue(catalogue.Places());
+  for (const std::string& path : XmlFilesIn(catalogue.GetCardFolder())) {
+    if (!IsBrokenLink(path)) CheckCardFile(path, checked);
+  }
+  CheckLinks(catalogue, checked);
+  if (checked.Files == 0 && checked.Findings.empty()) throw NoCatalogue(catalogue.Places());
   if (line.Json) {
     for (const CatalogueFinding& finding : checked.Findings) WriteJson(answers.Out(), finding);
   } else {

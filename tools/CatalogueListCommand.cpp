@@ -100,6 +100,7 @@ void WriteJson(std::ostream& output, const ListedSystem& system) {
 
 void RunCatalogueList(const CommandLine& line, const Surroundings& surroundings, Answers& answers) {
   const Catalogue catalogue(line, surroundings);
+  catalogue.TellOfSettings(answers);
   GroupFaults faults(answers);
   std::vector<ListedSystem> systems;
   bool any = false;

@@ -1,4 +1,5 @@
 // timeanalysis code: what a catalogue says about codes.
+#include <cmath>
 #include <memory>
 #include <ostream>
 
@@ -6,6 +7,7 @@
 #include "tools/CodeLookup.h"
 #include "tools/Commands.h"
 #include "tools/JsonLine.h"
+#include "tools/LookupFormula.h"
 #include "tools/NearestCodes.h"
 #include "tools/NumberText.h"
 
@@ -53,10 +55,25 @@ void WriteJson(std::ostream& output, const VEXSTMTimeAnalysisDlgServices& servic
                          {"optionId", answer.OptionId}});
 }
 
+// A lookup answers a formula that fails with the time 0, which is told apart from a time that is 0.
+void TellOfNoTime(VEXSTMTimeAnalysisDlgServices& service, const CodeAnswer& answer, std::size_t number,
+                  Answers& answers) {
+  const std::string_view time = answer.Time.Bytes();
+  if (time == "0") {
+    const LookupFormula formula = EvaluateLookupFormula(service, answer.Code.Bytes(), answer.Entry);
+    if (formula.Status == 0) return;
+    answers.Tell(CodeFormulaFails(answer.Code.Bytes(), EntryName(service, answer.Entry), formula.Text, formula.Status,
+                                  number));
+  } else if (!std::isfinite(answer.Tmu)) {
+    answers.Tell(CodeTimeNotFinite(answer.Code.Bytes(), EntryName(service, answer.Entry), time, number));
+  }
+}
+
 }  // namespace
 
 void RunCode(const CommandLine& line, const Surroundings& surroundings, Answers& answers) {
   const Catalogue catalogue(line, surroundings);
+  catalogue.TellOfSettings(answers);
   VEXSTMTimeAnalysisDlgServices service;
   const std::string path = catalogue.Open(line.System, service);
   std::unique_ptr<NearestCodes> nearest;  // gathered when the first code is not found
@@ -67,7 +84,7 @@ void RunCode(const CommandLine& line, const Surroundings& surroundings, Answers&
     } else if (answer.Found) {
       WriteText(answers.Out(), answer, TimeText(line, service, answer));
     }
-    if (answer.Found) return;
+    if (answer.Found) return TellOfNoTime(service, answer, number, answers);
     if (!nearest) nearest = std::make_unique<NearestCodes>(service);
     answers.Tell(CodeNotFound(line.System, answer.Code.Bytes(), path, nearest->Find(answer.Code.Bytes()), number));
   });

@@ -40,7 +40,8 @@ CodeAnswer LookUpCode(VEXSTMTimeAnalysisDlgServices& service, std::string_view c
   answer.Code = KORUnicodeString(code);
   KORUnicodeString typed = answer.Code;
   service.GetTimeToCode(typed, answer.Time, answer.Description, answer.TimeType, answer.Frequency);
-  answer.Found = service.GetCodeIndex() >= 0;
+  answer.Entry = service.GetCodeIndex();
+  answer.Found = answer.Entry >= 0;
   answer.Time.ConvertToNum(answer.Tmu);
   if (!answer.Found) return answer;
   answer.LocalDescription = service.GetLocalDescription();

@@ -20,6 +20,7 @@ struct CodeAnswer {
   KORUnicodeString Frequency;
   KORUnicodeString ValueAdded;
   KORUnicodeString CodeId;
+  int Entry = -1;     // that answers, from 0
   long OptionId = 0;  // the bits of the options that the code selects
 };
 

@@ -7,6 +7,7 @@
 
 #include "tools/Messages.h"
 #include "tools/Systems.h"
+#include "tools/UsageFault.h"
 
 namespace tool {
 
@@ -59,11 +60,6 @@ constexpr const char* Footer = R"(Exit status: 0 done, 1 something was not found
 
 // The parser would take some texts for options, vectors or marks of its own; a shield ahead of them hides that.
 constexpr char Shield = '\x1A';
-
-bool IsOption(const std::string& argument) {
-  return argument == "-h" || argument == "--" ||
-         (argument.starts_with("--") && argument.size() > 2 && std::isalpha(static_cast<unsigned char>(argument[2])));
-}
 
 std::vector<std::string> Shielded(const std::vector<std::string>& arguments) {
   std::vector<std::string> shielded;
@@ -184,33 +180,6 @@ Command Chosen(const Commands& commands) {
   return Command::Eval;
 }
 
-// Where the command stands in words, as "timeanalysis catalogue list".
-std::string CommandWords(const CLI::App& app) {
-  std::string words = ProgramName;
-  for (const CLI::App* level = &app; !level->get_subcommands().empty();) {
-    level = level->get_subcommands().front();
-    words += " " + level->get_name();
-  }
-  return words;
-}
-
-// The parser's own words, but for a command that is missing or unknown, which it does not tell apart.
-Failure UsageFailure(const CLI::App& app, const std::vector<std::string>& arguments, std::string cause) {
-  const CLI::App* level = &app;
-  while (!level->get_subcommands().empty()) level = level->get_subcommands().front();
-  Unshield(cause);
-  std::string names;
-  for (const CLI::App* command : level->get_subcommands([](const CLI::App*) { return true; })) {
-    names += (names.empty() ? "" : ", ") + command->get_name();
-  }
-  if (names.empty()) return WrongUsage(cause, CommandWords(app));
-  for (const std::string& argument : arguments) {
-    if (IsOption(argument)) return WrongUsage(cause, CommandWords(app));
-    if (argument != level->get_name()) return UnknownCommand(argument, names, CommandWords(app));
-  }
-  return UnknownCommand("", names, CommandWords(app));
-}
-
 void TakeTextsFromInput(CommandLine& line, const std::string& command) {
   if (line.Chosen == Command::Pattern && line.System == "-") {
     if (!line.Pattern.empty() || !line.Texts.empty()) throw DashNotAlone(command);
@@ -224,6 +193,19 @@ void TakeTextsFromInput(CommandLine& line, const std::string& command) {
   if (line.Texts.size() > 1) throw DashNotAlone(command);
   line.FromInput = true;
   line.Texts.clear();
+}
+
+// Options and folders that are given but empty; left alone they would count as not given.
+void RefuseEmptyValues(const CLI::App& app) {
+  const CLI::App* command = &app;
+  while (!command->get_subcommands().empty()) command = command->get_subcommands().front();
+  for (const char* name : {"--catalogue", "--settings", "--frequency", "FOLDER", "SYSTEM", "--system"}) {
+    const CLI::Option* option = command->get_option_no_throw(name);
+    if (option == nullptr || option->count() == 0) continue;
+    std::string value = option->results().front();
+    Unshield(value);
+    if (value.empty()) throw EmptyValue(name, CommandWords(app));
+  }
 }
 
 void FinishCommandLine(CommandLine& line, std::string& folder, const std::string& command) {
@@ -262,9 +244,12 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
     line.Information = std::string(version.what()) + "\n";
     return line;
   } catch (const CLI::ParseError& error) {
-    throw UsageFailure(app, arguments, error.what());
+    std::string cause = error.what();
+    Unshield(cause);
+    throw UsageFailure(app, arguments, error, cause);
   }
   line.Chosen = Chosen(commands);
+  RefuseEmptyValues(app);
   FinishCommandLine(line, folder, CommandWords(app));
   return line;
 }

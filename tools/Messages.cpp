@@ -100,6 +100,21 @@ Failure UnknownCommand(std::string_view name, const std::string& names, const st
   return WrongUsage(fault + "; take one of " + names, command);
 }
 
+Failure UnknownOption(const std::string& name, const std::string& command) {
+  return WrongUsage(Quoted(name) + " is no option of \"" + command + "\" (texts that begin so stand behind a bare --)",
+                    command);
+}
+
+Failure OptionAheadOfCommand(const std::string& name, const std::string& command) {
+  return WrongUsage("the option " + name + " stands ahead of the command; write it behind, as \"" + command +
+                        " COMMAND ... " + name + "\"",
+                    command);
+}
+
+Failure EmptyValue(const std::string& name, const std::string& command) {
+  return WrongUsage(name + " is empty; give it a value or leave it out", command);
+}
+
 Failure UnknownSystem(std::string_view name) {
   return Unusable(Quoted(name) + " is no motion-time system; take one of " + Joined(SystemNames) +
                   ", written exactly so");
@@ -174,6 +189,12 @@ Failure SettingsLineNotReadable(const std::string& path, int line) {
                   ": neither \"name = value\" nor a comment that begins with \"#\"; correct the line");
 }
 
+Failure ConversionNotUsable(std::string_view value) {
+  return Finding("the setting mintotmuconversion is " + Quoted(value) +
+                 ", which is no number above 0; give the TMU per minute, 1666.67 for the standard, or take it out. "
+                 "Seconds and minutes are not to be relied on");
+}
+
 Failure NoEntryFile(const std::string& system, const std::vector<SearchedPlace>& places) {
   return Unusable("no catalogue file of the system \"" + system + "\"; searched:" + ListOfPlaces(places) +
                   "\nname the folder that holds DataCardEntry with --catalogue");
@@ -210,6 +231,18 @@ Failure FormulaFails(std::string_view formula, int status, std::string_view syst
   return Finding(head + FormulaCause(character + 1) +
                  (moved ? " (" + std::to_string(status) + " without the floor words)" : "") +
                  WithCaret(text, character));
+}
+
+Failure CodeFormulaFails(std::string_view code, const std::string& entry, std::string_view formula, int status,
+                         std::size_t line) {
+  return Finding(At(line) + "the code " + Quoted(code) + " has no time: the formula " + Quoted(formula) + " of " +
+                 entry + " cannot be evaluated: " + FormulaCause(status) +
+                 "; the 0 stands for none. Correct the code or the entry");
+}
+
+Failure CodeTimeNotFinite(std::string_view code, const std::string& entry, std::string_view time, std::size_t line) {
+  return Finding(At(line) + "the code " + Quoted(code) + " has no time: the formula of " + entry + " gives " +
+                 std::string(time) + ", which is no finite number. Correct the code or the entry");
 }
 
 Failure CodeNotFound(const std::string& system, std::string_view code, const std::string& path,

@@ -37,6 +37,9 @@ struct SearchedPlace {
 // Usage.
 Failure WrongUsage(const std::string& cause, const std::string& command);
 Failure UnknownCommand(std::string_view name, const std::string& names, const std::string& command);
+Failure UnknownOption(const std::string& name, const std::string& command);
+Failure OptionAheadOfCommand(const std::string& name, const std::string& command);
+Failure EmptyValue(const std::string& name, const std::string& command);
 Failure UnknownSystem(std::string_view name);
 Failure DashNotAlone(const std::string& command);
 Failure TwoCatalogueFolders(const std::string& argument, const std::string& option);
@@ -57,6 +60,7 @@ Failure OutOfMemory();
 // Settings and catalogues.
 Failure SettingsNotReadable(const std::string& path);
 Failure SettingsLineNotReadable(const std::string& path, int line);
+Failure ConversionNotUsable(std::string_view value);
 Failure NoEntryFile(const std::string& system, const std::vector<SearchedPlace>& places);
 Failure EntryFileNotReadable(const std::string& system, const std::string& path, const std::string& cause);
 Failure CardFileNotReadable(const std::string& cause);
@@ -65,6 +69,9 @@ Failure NoCatalogue(const std::vector<SearchedPlace>& places);
 
 // Answers.
 Failure FormulaFails(std::string_view formula, int status, std::string_view system, std::size_t line);
+Failure CodeFormulaFails(std::string_view code, const std::string& entry, std::string_view formula, int status,
+                         std::size_t line);
+Failure CodeTimeNotFinite(std::string_view code, const std::string& entry, std::string_view time, std::size_t line);
 Failure CodeNotFound(const std::string& system, std::string_view code, const std::string& path,
                      const std::vector<std::string>& nearest, std::size_t line);
 Failure NormNotReadable(std::string_view text, std::size_t line);

@@ -64,24 +64,36 @@ void WriteTokens(std::ostream& output, const std::vector<PatternToken>& tokens, 
   }
 }
 
+// The token at a position with its place, or the whole group that it opens.
+std::string TokenName(const std::vector<PatternToken>& tokens, int position) {
+  std::string text;
+  int depth = 0;
+  for (auto token = static_cast<std::size_t>(position); token < tokens.size(); ++token) {
+    text += tokens[token].Source;
+    depth += tokens[token].Kind == PatternKind::GroupOpen ? 1 : tokens[token].Kind == PatternKind::GroupClose ? -1 : 0;
+    if (depth <= 0) break;
+  }
+  return Excerpt(text) + " at position " + std::to_string(position);
+}
+
+// Why the code does not match.
+std::string Cause(const AuthorPattern& pattern, std::string_view code) {
+  if (pattern.Source.empty()) return "the pattern is empty";
+  const PatternProgress progress = pattern.Matchable.WalkFromHead(code);
+  const std::string token = progress.Stopped < 0 ? std::string() : TokenName(pattern.Tokens, progress.Stopped);
+  if (progress.Taken > code.size()) return "a number prints longer than it was typed";
+  const std::string rest = "\"" + std::string(code.substr(progress.Taken)) + "\"";
+  if (progress.Failed) {
+    if (token.empty()) return "a token that has to take part fails";
+    return token + " fails " + (progress.Taken == code.size() ? "at the end of the code" : "at " + rest);
+  }
+  return "the pattern takes \"" + std::string(code.substr(0, progress.Taken)) + "\" and leaves " + rest +
+         (token.empty() ? "" : "; " + token + " does not take it");
+}
+
 void WriteText(std::ostream& output, const AuthorPattern& pattern, const KORUnicodeString& code,
                const PatternMatch& match) {
-  output << code.Bytes() << ": ";
-  if (match.Matches) {
-    output << "match\n";
-  } else {
-    const int taken = pattern.Matchable.TakenFromHead(code.Bytes());
-    if (pattern.Source.empty()) {
-      output << "no match; the pattern is empty\n";
-    } else if (taken < 0) {
-      output << "no match; a token that has to take part fails\n";
-    } else if (static_cast<std::size_t>(taken) > code.Bytes().size()) {
-      output << "no match; a number prints longer than it was typed\n";
-    } else {
-      output << "no match; the pattern takes \"" << code.Bytes().substr(0, static_cast<std::size_t>(taken))
-             << "\" and leaves \"" << code.Bytes().substr(static_cast<std::size_t>(taken)) << "\"\n";
-    }
-  }
+  output << code.Bytes() << ": " << (match.Matches ? "match" : "no match; " + Cause(pattern, code.Bytes())) << '\n';
   WriteTokens(output, pattern.Tokens, match);
 }
 
@@ -110,7 +122,9 @@ class PatternLines {
   void Take(std::string_view text, std::size_t number) {
     const std::size_t first = text.find('\t');
     const std::size_t second = first == std::string_view::npos ? first : text.find('\t', first + 1);
-    if (second == std::string_view::npos) throw PatternLineWithoutFields(number);
+    if (second == std::string_view::npos || text.find('\t', second + 1) != std::string_view::npos) {
+      throw PatternLineWithoutFields(number);
+    }
     const std::string_view system = text.substr(0, first);
     if (!IsSystem(system)) throw UnknownSystemInLine(number, system);
     Select(std::string(system), text.substr(first + 1, second - first - 1));

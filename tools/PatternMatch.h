@@ -16,6 +16,15 @@ struct PatternMatch {
   std::vector<int> Flags;
 };
 
+/// How far a pattern comes in a code.
+struct PatternProgress {
+  bool Failed = false;
+  std::size_t Taken = 0;  // bytes; more than the code has behind a number that prints longer than it was typed
+  /// Position of the token, or of the group, that fails, or else of the first parameter behind the last token matched;
+  /// -1 if it cannot be told: a pattern with alternatives outside of groups, or with groups that do not close.
+  int Stopped = -1;
+};
+
 /// The length of the arrays that lookups use; SubstParameterCode counts on it, so both lists are at least as long.
 inline constexpr int LookupArrayLength = 2000;
 
@@ -29,10 +38,12 @@ class MatchablePattern {
 
   PatternMatch Match(std::string_view code) const;
 
-  /// Number of bytes of the code that the pattern takes from its head; -1 if it fails.
-  int TakenFromHead(std::string_view code) const;
+  /// How far the pattern comes in a code from its head.
+  PatternProgress WalkFromHead(std::string_view code) const;
 
  private:
+  int FindFailing(std::string_view code, const std::vector<int>& starts) const;
+
   VEXSTMTimeAnalysisDlgServices& _Service;
   KORUnicodeString _Pattern;
   int _TokenCount = 0;

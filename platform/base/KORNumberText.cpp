@@ -170,7 +170,8 @@ std::optional<int> ReadInteger(std::string_view text) {
   std::uint64_t number = 0;
   for (; IsDigit(scanner.Next()); scanner.Advance()) {
     const auto digit = static_cast<std::uint64_t>(scanner.Next() - '0');
-    number = number > (greatest - digit) / 10 ? greatest : number * 10 + digit;
+    if (number > (greatest - digit) / 10) return LowBits(negative ? 0 - greatest : greatest);  // however many follow
+    number = number * 10 + digit;
   }
   return LowBits(negative ? 0 - number : number);
 }

@@ -1,7 +1,8 @@
 // The XML parser: a file becomes a document, or a message.
 //
 // Non-validating XML 1.0 with namespaces left alone; encodings UTF-8, UTF-16, ISO-8859-1, US-ASCII and windows-1252.
-// Nothing outside the file is ever read: external entities and an external document type are passed over. Bounds
+// Nothing outside the file is ever read: an external document type is passed over, and a reference to an entity that is
+// external, or not declared in the file, is refused. Bounds
 // that keep outside input harmless: elements nested 1,000 deep are read and deeper ones refused; 1,000 entity
 // declarations are read and more refused; entities that expand to far more than the file holds are refused.
 #pragma once

@@ -80,8 +80,11 @@ class TreeBuilder {
     XML_SetProcessingInstructionHandler(parser, Instruction);
     XML_SetEntityDeclHandler(parser, EntityDeclaration);
     XML_SetUnknownEncodingHandler(parser, UnknownEncoding, this);
-    // Parameter entities of the file itself are read; with no handler for external ones, none of those is opened.
+    // A document that needs a text from outside is refused: passing over the text would change a value in silence.
+    // Parameter entities of the file itself are read.
     XML_SetParamEntityParsing(parser, XML_PARAM_ENTITY_PARSING_UNLESS_STANDALONE);
+    XML_SetExternalEntityRefHandler(parser, ExternalEntity);
+    XML_SetSkippedEntityHandler(parser, SkippedEntity);
     XML_SetBillionLaughsAttackProtectionMaximumAmplification(parser, MostAmplification);
   }
 
@@ -192,6 +195,24 @@ class TreeBuilder {
                                         const XML_Char*, const XML_Char*, const XML_Char*) {
     Handle(user_data, [](TreeBuilder& builder) {
       if (++builder._EntityDeclarations > MostEntityDeclarations) builder.Stop("more than 1,000 entity declarations");
+    });
+  }
+
+  // Declarations from outside come without a context and are passed over; what they declare is refused where it is
+  // used.
+  static int XMLCALL ExternalEntity(XML_Parser parser, const XML_Char* context, const XML_Char* /*base*/,
+                                    const XML_Char* /*system_id*/, const XML_Char* /*public_id*/) {
+    if (context == nullptr) return XML_STATUS_OK;
+    Handle(XML_GetUserData(parser), [](TreeBuilder& builder) {
+      builder.Stop("a reference to an external entity, and nothing outside the file is read");
+    });
+    return XML_STATUS_ERROR;
+  }
+
+  static void XMLCALL SkippedEntity(void* user_data, const XML_Char* /*name*/, int is_parameter_entity) {
+    if (is_parameter_entity != 0) return;
+    Handle(user_data, [](TreeBuilder& builder) {
+      builder.Stop("a reference to an entity that the file does not declare, and nothing outside it is read");
     });
   }
 

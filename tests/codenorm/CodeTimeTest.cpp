@@ -102,6 +102,7 @@ INSTANTIATE_TEST_SUITE_P(
         TimeRow{"CaseD", "MTM1", {Plain("1", "M5D1", "2")}, "M5D", "0", ""},
         TimeRow{"FiveCharacters", "MTM1", {Plain("1", "M100A1", "2"), Plain("2", "M100A", "3")}, "M100A", "3", "2"},
         TimeRow{"BlanksDoNotCount", "MTM1", {Plain("1", "M10A1", "2")}, "M 1 0 A", "2", "1"},
+        TimeRow{"CharactersCountNotBytes", "MTM1", {Plain("1", "MÄÖA1", "2")}, "MÄÖA", "2", "1"},
         TimeRow{"WithoutTheOne", "MTM1", {Plain("1", "M5A", "2")}, "M5A", "0", ""},
         TimeRow{"LettersAlone", "STD", {Plain("1", "MA1", "2")}, "MA", "2", "1"},
         TimeRow{"OtherFirstLetter", "MTM1", {Plain("1", "R5A1", "2")}, "R5A", "0", ""}),
@@ -167,6 +168,8 @@ INSTANTIATE_TEST_SUITE_P(
         TimeRow{"Infinity", "STD", {Ranged("1", "X", "4", "1", "100")}, "XINF", "0", ""},
         TimeRow{"NoNumberAtAll", "STD", {Ranged("1", "X", "4", "1", "100")}, "XNAN", "0", ""},
         TimeRow{"SequenceInModapts", "MODAPTS", {Ranged("1", "M4G", "2*$1$", "0", "10")}, "M4G1", "0", ""},
+        TimeRow{"SequenceInModaptsByPattern", "MODAPTS", {Patterned("2", "\"M\"%\"G\"%", "$1$+$3$")}, "M4G1", "5", "2"},
+        TimeRow{"SequenceInModaptsByCode", "MODAPTS", {Plain("2", "M4G1", "5")}, "m4 g1", "5", "2"},
         TimeRow{"SequenceElsewhere", "STD", {Ranged("1", "M4G", "2*$1$", "0", "10")}, "M4G1", "2", "1"},
         TimeRow{"SingleCodeInModapts", "MODAPTS", {Ranged("2", "M", "$1$", "0", "10")}, "M4", "4", "2"}),
     Name);
@@ -343,6 +346,19 @@ TEST_F(CodeTimeTest, TableWithoutEntriesIsLikeNone) {
   Load(_Services, "STD", DataCardFile(""));
   EXPECT_EQ(Text(LookUp(_Services, "A").time), "0");
   EXPECT_EQ(_Services.GetCodeIndex(), -1);
+}
+
+// A pattern needs both its elements; with the first alone the entry has none, and nothing behind it is read.
+TEST_F(CodeTimeTest, HalfAPatternLeavesTheCode) {
+  Load(_Services, "STD",
+       DataCardFile(support::EntryElement(
+           {{"CODE_ID", "7"}, {"CODE", "GA"}, {"TIME", "4"}, {"PATTERN", "\"Y\"%"}, {"TEXT", "lost"}})));
+  const Found found = LookUp(_Services, "ga");
+  EXPECT_EQ(Text(found.time), "4");
+  EXPECT_EQ(Text(found.description), "");
+  EXPECT_EQ(Text(_Services.GetTACodeID()), "7");
+  EXPECT_EQ(Text(LookUp(_Services, "Y5").time), "0");
+  EXPECT_EQ(Text(_Services.GetTACodeID()), "");
 }
 
 // A code of blanks has nothing left to compare, so that a record without code is what it finds.

@@ -60,6 +60,7 @@ struct OperatingSystemRow {
   const char* name;
   int code;
   char list_separator;
+  const char* relative_path;
 };
 
 class OperatingSystemTest : public CatalogueFilesTest, public testing::WithParamInterface<OperatingSystemRow> {};
@@ -73,18 +74,22 @@ TEST_P(OperatingSystemTest, FindsTheEntryFileInTheSecondStartupFolder) {
   WriteEntryFile("installed");
   const std::string path = StandardPath();
   EXPECT_TRUE(path.starts_with(_Folder.Path("installed"))) << path;
-  EXPECT_TRUE(path.ends_with("dce_std.xml")) << path;
+  EXPECT_TRUE(path.ends_with(GetParam().relative_path)) << path;
 }
 
 // Codes 0 to 3 and 7, in their low 16 bits, are systems with "/" between folders.
-INSTANTIATE_TEST_SUITE_P(Codes, OperatingSystemTest,
-                         testing::Values(OperatingSystemRow{"Zero", 0, ':'}, OperatingSystemRow{"One", 1, ':'},
-                                         OperatingSystemRow{"Three", 3, ':'}, OperatingSystemRow{"Four", 4, ';'},
-                                         OperatingSystemRow{"Six", 6, ';'}, OperatingSystemRow{"Seven", 7, ':'},
-                                         OperatingSystemRow{"Eight", 8, ';'},
-                                         OperatingSystemRow{"SevenWithHighBits", 0x10007, ':'},
-                                         OperatingSystemRow{"FourWithHighBits", 0x30004, ';'}),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Codes, OperatingSystemTest,
+    testing::Values(OperatingSystemRow{"Zero", 0, ':', "/DataCardEntry/dce_std.xml"},
+                    OperatingSystemRow{"One", 1, ':', "/DataCardEntry/dce_std.xml"},
+                    OperatingSystemRow{"Three", 3, ':', "/DataCardEntry/dce_std.xml"},
+                    OperatingSystemRow{"Four", 4, ';', "DataCardEntry\\dce_std.xml"},
+                    OperatingSystemRow{"Six", 6, ';', "DataCardEntry\\dce_std.xml"},
+                    OperatingSystemRow{"Seven", 7, ':', "/DataCardEntry/dce_std.xml"},
+                    OperatingSystemRow{"Eight", 8, ';', "DataCardEntry\\dce_std.xml"},
+                    OperatingSystemRow{"SevenWithHighBits", 0x10007, ':', "/DataCardEntry/dce_std.xml"},
+                    OperatingSystemRow{"FourWithHighBits", 0x30004, ';', "DataCardEntry\\dce_std.xml"}),
+    [](const auto& row) { return std::string(row.param.name); });
 
 // ----------------------------------------------------------------------------------------------- Entry file folders
 

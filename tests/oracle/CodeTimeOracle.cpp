@@ -18,6 +18,13 @@ std::string UpperCase(std::string text) {
   return text;
 }
 
+// Number of characters of a UTF-8 text: of each character one byte is no continuation.
+std::size_t CountCharacters(const std::string& text) {
+  std::size_t count = 0;
+  for (const char c : text) count += (static_cast<unsigned char>(c) & 0xC0) != 0x80 ? 1 : 0;
+  return count;
+}
+
 bool IsShortMove(const std::string& code) {
   return !code.empty() && code.front() == 'M' && (code.back() == 'A' || code.back() == 'B' || code.back() == 'C');
 }
@@ -63,7 +70,7 @@ void CodeWalk::Prepare() {
   _Lookup.code_id.clear();
   _Lookup.code = UpperCase(_Lookup.code);
   _Code = WithoutBlanks(_Lookup.code);
-  if (IsShortMove(_Code) && _Code.size() < 5) _Code += PrintInteger(1);
+  if (IsShortMove(_Code) && CountCharacters(_Code) < 5) _Code += PrintInteger(1);
 }
 
 void CodeWalk::Visit(const Entry& entry, int index) {

@@ -94,6 +94,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         CodeTimeCase{"ShortMoveGetsAOne", "STD", "m 5 a", {NumberEntry("M5A1", "", "", "3")}, "3", "3", 0},
         CodeTimeCase{"LongMoveGetsNone", "STD", "M100A", {NumberEntry("M100A1", "", "", "3")}, "", "0", -9},
+        CodeTimeCase{"CharactersCountNotBytes", "STD", "MÄÖA", {NumberEntry("MÄÖA1", "", "", "3")}, "3", "3", 0},
+        CodeTimeCase{"FiveCharactersGetNone", "STD", "MÄÖÜA", {NumberEntry("MÄÖÜA1", "", "", "3")}, "", "0", -9},
         CodeTimeCase{"NumberInside", "STD", "X5", {NumberEntry("X", "1", "10", "2*$1$")}, "2*5", "10", 0},
         CodeTimeCase{"NumberAsTyped", "STD", "X5.50", {NumberEntry("X", "1", "10", "2*$1$")}, "2*5.50", "11", 0},
         CodeTimeCase{"LowerBound", "STD", "X1", {NumberEntry("X", "1", "10", "2*$1$")}, "", "0", -9},

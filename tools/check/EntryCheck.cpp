@@ -6,8 +6,8 @@
 #include <charconv>
 #include <optional>
 
-#include "tools/CodeLookup.h"
 #include "tools/LookupForm.h"
+#include "tools/LookupFormula.h"
 #include "tools/NumberText.h"
 #include "tools/PatternMatch.h"
 #include "tools/PatternText.h"
@@ -44,10 +44,6 @@ std::string WithNumber(const std::string& formula, const std::string& number) {
   const std::size_t second = formula.find('$', first + 1);
   if (second == std::string::npos) return formula;
   return formula.substr(0, first) + number + formula.substr(second + 1);
-}
-
-std::string EntryName(const VEXSTMTimeAnalysisDlgServices& service, int index) {
-  return "entry " + std::to_string(index + 1) + " (" + std::string(service.GetDCEntry(index)->_Code.Bytes()) + ")";
 }
 
 // Position of the token that stands for the entry's option; the first one unless told.
@@ -94,7 +90,7 @@ std::vector<LineFlaw> EntryCheck::Check(int index, const EntryFields& fields) {
   CheckReferences(index);
   entry._Pattern.IsEmpty() ? CheckCode(index) : CheckPattern(index);
   CheckNumber(index);
-  CheckExample();
+  CheckExample(index);
   return std::move(_Flaws);
 }
 
@@ -276,13 +272,17 @@ void EntryCheck::CheckReferences(int index) {
   }
 }
 
-void EntryCheck::CheckExample() {
+void EntryCheck::CheckExample(int index) {
   if (_Fields->Example.empty()) return;
   const CodeAnswer answer = LookUpCode(_Service, _Fields->Example);
   if (!answer.Found) {
     Add("EXAMPLE", findingkind::Example, "no entry accepts " + _Fields->Example);
     return;
   }
+  if (answer.Entry != index) {
+    Add("EXAMPLE", findingkind::Example, _Fields->Example + " is answered by " + EntryName(_Service, answer.Entry));
+  }
+  CheckExampleOptions(answer);
   if (_Fields->ExampleTime.empty()) return;
   double expected = 0.0;
   const bool number = Succeeded(KORUnicodeString(std::string_view(_Fields->ExampleTime)).ConvertToNum(expected));
@@ -290,6 +290,16 @@ void EntryCheck::CheckExample() {
   Add("EXAMPLE", findingkind::Example,
       _Fields->Example + " has the time " + std::string(answer.Time.Bytes()) + ", EXAMPLE_TIME says " +
           _Fields->ExampleTime);
+}
+
+void EntryCheck::CheckExampleOptions(const CodeAnswer& answer) {
+  const std::string& expected = _Fields->ExampleOptionId;
+  if (expected.empty()) return;
+  const auto number = WholeNumber(KORUnicodeString(std::string_view(expected)));
+  if (number && *number == answer.OptionId) return;
+  Add("EXAMPLE", findingkind::Example,
+      _Fields->Example + " has the options " + std::to_string(answer.OptionId) + ", EXAMPLE_OPTION_ID says " +
+          expected);
 }
 
 // Evaluates the formula as a lookup of the code does. True if it fails, which is then told.

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "VEXSTMTimeAnalysisDlgServices.h"
+#include "tools/CodeLookup.h"
 #include "tools/PatternMatch.h"
 #include "tools/PatternText.h"
 #include "tools/check/EntryFields.h"
@@ -33,7 +34,8 @@ class EntryCheck {
   void CheckNumber(int index);
   void CheckOption(int index);
   void CheckReferences(int index);
-  void CheckExample();
+  void CheckExample(int index);
+  void CheckExampleOptions(const CodeAnswer& answer);
   bool CheckFormula(const std::string& formula, const double* values, const int* flags, const std::string& code);
   int AnsweringEntry(const std::string& code);
   void Add(const char* field, const char* kind, const std::string& text);

@@ -122,6 +122,7 @@ EntryFields ReadEntryFields(const KORIDOMNode_var& entry) {
   fields.Line = entry.GetLineNumber();
   fields.Example = ValueOf(entry, "EXAMPLE");
   fields.ExampleTime = ValueOf(entry, "EXAMPLE_TIME");
+  fields.ExampleOptionId = ValueOf(entry, "EXAMPLE_OPTION_ID");
   FieldWalk(fields).Walk(KnownChildren(entry));
   for (const char* name : {"CODE_ID", "CODE", "TIME"}) {
     if (fields.Lines.contains(name)) continue;

@@ -20,9 +20,10 @@ struct EntryFields {
   int Line = 0;
   std::map<std::string, int, std::less<>> Lines;  // line of the first element of each name
   std::vector<LineFlaw> Flaws;
-  // A code that the entry accepts and its time, which authors add for checks; lookups don't read them.
+  // A code that the entry answers, its time and its options, which authors add for checks; lookups don't read them.
   std::string Example;
   std::string ExampleTime;
+  std::string ExampleOptionId;
 
   /// Line of a field; that of the entry if it has none of this name.
   int LineOf(std::string_view name) const;

@@ -11,10 +11,10 @@
 
 #include "codenorm/LookupMemory.h"
 #include "codenorm/SequenceText.h"
-#include "platform/base/KORLocale.h"
 #include "platform/base/KORNumberText.h"
 #include "platform/base/KORTruncation.h"
 #include "platform/base/KORUnicodeString.h"
+#include "timevalue/DecimalCharacter.h"
 #include "timevalue/TimeFormula.h"
 
 namespace codenorm {
@@ -191,7 +191,7 @@ CodeTime Lookup::Finish() {
 CodeTime LookUpCode(std::string_view code, const datacard::EntryTable* table, std::string_view system) {
   if (table == nullptr) return Lookup(code, system).Finish();
   LookupMemory& memory = LookupRoom::OfThread().Memory;
-  memory.Enter(table->Number(), system, KORLocalDecimalCharacter());
+  memory.Enter(table->Number(), system, timevalue::DecimalCharacterInForce());
   if (const CodeTime* answer = memory.Find(code)) return *answer;
   Lookup lookup(code, system);
   lookup.Visit(*table);

@@ -13,6 +13,7 @@ const CodePattern& PatternMemory::PatternOf(std::string_view text) {
   auto found = _Patterns.find(text);
   if (found == _Patterns.end()) {
     if (_Bytes + text.size() > MostBytes) {
+      _Last = nullptr;
       _Patterns.clear();
       _Bytes = 0;
     }

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -52,7 +53,7 @@ class PrintedNumberReader {
   std::optional<Printed<int>> ReadInteger() {
     const std::size_t digits = TakeDigits();
     if (digits == 0 || digits > MostDigits || _Text.front() == '0') return std::nullopt;
-    return Printed<int>{_Digits, _Length};
+    return Printed<int>{static_cast<int>(_Digits), _Length};
   }
 
   std::optional<Printed<double>> ReadReal() {
@@ -66,7 +67,7 @@ class PrintedNumberReader {
       if (fraction_digits == 0 || _Text[_Length - 1] == '0') return std::nullopt;
     }
     if (whole_digits + fraction_digits > MostDigits || NextIs('.') || NextIs('e') || NextIs('E')) return std::nullopt;
-    return Printed<double>{_Digits / powers_of_ten[fraction_digits], _Length};
+    return Printed<double>{static_cast<double>(_Digits) / powers_of_ten[fraction_digits], _Length};
   }
 
  private:
@@ -85,7 +86,7 @@ class PrintedNumberReader {
 
   std::string_view _Text;
   std::size_t _Length = 0;
-  int _Digits = 0;
+  std::int64_t _Digits = 0;  // up to twice as many digits as may be
 };
 
 /// One level of the pattern under way: the whole of it, or the inside of a group.
@@ -101,17 +102,30 @@ struct Level {
   static Level Begin(std::size_t token, std::size_t position) { return {token, token, position, 0, false, false, 0.0}; }
 };
 
-/// A number of the code. Kept, since many alternatives may try to read one long number.
+/// The number last read of the code. Kept, since many parameters may try to read one long number, or may each take one
+/// "0" off the head of it.
 template <class Number>
-struct NumberAt {
-  std::size_t Position = std::string_view::npos;
-  std::optional<Number> Value;
-
-  const std::optional<Number>& Read(std::size_t position, std::string_view text, auto reader) {
-    if (Position != position) Value = reader(text);
-    Position = position;
-    return Value;
+class KeptNumber {
+ public:
+  std::optional<Number> Read(std::size_t position, std::string_view code, auto reader) {
+    if (!IsStillAhead(position, code)) _Value = reader(code.substr(position));
+    _Position = position;
+    return _Value;
   }
+
+ private:
+  /// True if nothing but zeros that do not change the number lies between the place where it was read and `position`.
+  bool IsStillAhead(std::size_t position, std::string_view code) const {
+    if (position == _Position) return true;
+    if (_Position == NowhereRead || position < _Position || !IsDigit(code[position])) return false;
+    const std::string_view passed = code.substr(_Position, position - _Position);
+    const bool hexadecimal = code[position] == '0' && position + 1 < code.size() && (code[position + 1] | 0x20) == 'x';
+    return passed.find_first_not_of('0') == std::string_view::npos && !hexadecimal;
+  }
+
+  static constexpr std::size_t NowhereRead = std::string_view::npos;
+  std::size_t _Position = NowhereRead;
+  std::optional<Number> _Value;
 };
 
 class Walker {
@@ -205,8 +219,8 @@ class Walker {
   std::optional<PatternWalk> _Left;   // the group that has just ended
   bool _Finished = false;
   PatternWalk _Result;
-  NumberAt<int> _Integer;
-  NumberAt<double> _Real;
+  KeptNumber<int> _Integer;
+  KeptNumber<double> _Real;
 };
 
 /// Deals with the token under way. Whatever it calls last may end the level.
@@ -283,7 +297,7 @@ void Walker::TakeInteger() {
   if (AtEndOfCode()) return FailUnlessAlternative();
   std::optional<Printed<int>> number = PrintedNumberReader(Rest()).ReadInteger();
   if (!number) {
-    const std::optional<int> read = _Integer.Read(_Level.Position, Rest(), kornumber::ReadInteger);
+    const std::optional<int> read = _Integer.Read(_Level.Position, _Code, kornumber::ReadInteger);
     if (!read) return After();
     number = Printed<int>{*read, PrintedLength(*read)};
   }
@@ -300,7 +314,7 @@ void Walker::TakeReal() {
   if (AtEndOfCode()) return FailUnlessAlternative();
   std::optional<Printed<double>> number = PrintedNumberReader(Rest()).ReadReal();
   if (!number) {
-    _Level.Real = _Real.Read(_Level.Position, Rest(), kornumber::ReadReal).value_or(_Level.Real);
+    _Level.Real = _Real.Read(_Level.Position, _Code, kornumber::ReadReal).value_or(_Level.Real);
     const std::string printed = kornumber::PrintReal(_Level.Real);
     number = Printed<double>{kornumber::ReadReal(printed).value_or(_Level.Real), printed.size()};
   }

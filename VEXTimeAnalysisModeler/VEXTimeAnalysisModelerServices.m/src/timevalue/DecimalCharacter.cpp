@@ -3,6 +3,7 @@
 
 #include <string_view>
 
+#include "platform/base/KORLocale.h"
 #include "platform/base/KORStatus.h"
 #include "platform/system/KORSystem.h"
 
@@ -32,6 +33,13 @@ long ToLocalDecimalCharacter(KORUnicodeString& text) {
   if (Failed(FetchOtherDecimalCharacter(character))) return E_FAIL;
   text.ReplaceAll(Dot, character);
   return S_OK;
+}
+
+wchar_t DecimalCharacterInForce() {
+  const wchar_t character = KORLocalDecimalCharacter();
+  if (character == L'.') return character;  // nothing is converted, whether the platform gives the character or not
+  KORUnicodeString given;
+  return Failed(KORSysGetLocalDecimalChar(given)) ? L'\0' : character;
 }
 
 }  // namespace timevalue
