@@ -62,8 +62,8 @@ void TellOfNoTime(VEXSTMTimeAnalysisDlgServices& service, const CodeAnswer& answ
   if (time == "0") {
     const LookupFormula formula = EvaluateLookupFormula(service, answer.Code.Bytes(), answer.Entry);
     if (formula.Status == 0) return;
-    answers.Tell(CodeFormulaFails(answer.Code.Bytes(), EntryName(service, answer.Entry), formula.Text, formula.Status,
-                                  number));
+    answers.Tell(
+        CodeFormulaFails(answer.Code.Bytes(), EntryName(service, answer.Entry), formula.Text, formula.Status, number));
   } else if (!std::isfinite(answer.Tmu)) {
     answers.Tell(CodeTimeNotFinite(answer.Code.Bytes(), EntryName(service, answer.Entry), time, number));
   }

@@ -112,7 +112,7 @@ Failure OptionAheadOfCommand(const std::string& name, const std::string& command
 }
 
 Failure EmptyValue(const std::string& name, const std::string& command) {
-  return WrongUsage(name + " is empty; give it a value or leave it out", command);
+  return WrongUsage(name + " is empty; give it a value" + (name == "SYSTEM" ? "" : " or leave it out"), command);
 }
 
 Failure UnknownSystem(std::string_view name) {

@@ -70,8 +70,7 @@ TEST(Examples, AreAnsweredByTheirEntryWithItsOptions) {
                                  "<EXAMPLE>BX</EXAMPLE><EXAMPLE_OPTION_ID>1</EXAMPLE_OPTION_ID>"));
   const ToolOutcome outcome = RunInProcess({"catalogue", "check", root});
   EXPECT_NE(outcome.Output.find("B is answered by entry 2 (B)"), std::string::npos) << outcome.Output;
-  EXPECT_NE(outcome.Output.find("BX has the options 2, EXAMPLE_OPTION_ID says 1"), std::string::npos)
-      << outcome.Output;
+  EXPECT_NE(outcome.Output.find("BX has the options 2, EXAMPLE_OPTION_ID says 1"), std::string::npos) << outcome.Output;
   EXPECT_NE(outcome.Output.find("2 findings"), std::string::npos) << outcome.Output;
 }
 
