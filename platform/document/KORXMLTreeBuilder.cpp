@@ -202,7 +202,10 @@ class TreeBuilder {
   // used.
   static int XMLCALL ExternalEntity(XML_Parser parser, const XML_Char* context, const XML_Char* /*base*/,
                                     const XML_Char* /*system_id*/, const XML_Char* /*public_id*/) {
-    if (context == nullptr) return XML_STATUS_OK;
+    if (context == nullptr) {
+      static_cast<TreeBuilder*>(XML_GetUserData(parser))->_DeclaresOutside = true;
+      return XML_STATUS_OK;
+    }
     Handle(XML_GetUserData(parser), [](TreeBuilder& builder) {
       builder.Stop("a reference to an external entity, and nothing outside the file is read");
     });
@@ -212,7 +215,8 @@ class TreeBuilder {
   static void XMLCALL SkippedEntity(void* user_data, const XML_Char* /*name*/, int is_parameter_entity) {
     if (is_parameter_entity != 0) return;
     Handle(user_data, [](TreeBuilder& builder) {
-      builder.Stop("a reference to an entity that the file does not declare, and nothing outside it is read");
+      if (builder._DeclaresOutside)
+        builder.Stop("a reference to an entity that the file does not declare, and nothing outside it is read");
     });
   }
 
@@ -241,7 +245,8 @@ class TreeBuilder {
   std::uint32_t _TextLine = 0;
   bool _InSection = false;
   int _EntityDeclarations = 0;
-  std::string_view _Cause;  // of a parse stopped by an event; a text that lives for ever
+  bool _DeclaresOutside = false;  // the file names declarations outside it, which are not read
+  std::string_view _Cause;        // of a parse stopped by an event; a text that lives for ever
   Place _StopPlace;
 };
 

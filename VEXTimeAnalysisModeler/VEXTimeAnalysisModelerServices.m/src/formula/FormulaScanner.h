@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 
 #include "formula/FormulaEvaluator.h"
 
@@ -78,7 +79,7 @@ class FormulaScanner {
 
  private:
   static Symbol SymbolOf(wchar_t character) {
-    const auto code = static_cast<std::uint32_t>(character);
+    const auto code = static_cast<std::uint32_t>(static_cast<std::make_unsigned_t<wchar_t>>(character));
     return code < AsciiSymbols.size() ? AsciiSymbols[code] : SymbolBeyondAscii(code);
   }
   static Symbol SymbolBeyondAscii(std::uint32_t code);
@@ -116,7 +117,7 @@ class FormulaScanner {
 constexpr std::array<Symbol, 128> FormulaScanner::MakeAsciiSymbols() {
   std::array<Symbol, 128> symbols{};
   symbols.fill(Symbol::Unreadable);
-  for (const char space : {' ', '\t', '\n', '\v', '\f', '\r'}) symbols[static_cast<std::size_t>(space)] = Symbol::Space;
+  for (const std::size_t space : {0x20, 0x09, 0x0A, 0x0B, 0x0C, 0x0D}) symbols[space] = Symbol::Space;
   for (std::size_t digit = '0'; digit <= '9'; ++digit) symbols[digit] = Symbol::Digit;
   for (std::size_t letter = 'A'; letter <= 'Z'; ++letter) symbols[letter] = Symbol::Letter;
   for (std::size_t letter = 'a'; letter <= 'z'; ++letter) symbols[letter] = Symbol::Letter;
