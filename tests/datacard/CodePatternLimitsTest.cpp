@@ -37,6 +37,16 @@ TEST_F(BigPatternTest, HundredThousandTokens) {
   EXPECT_FALSE(CheckBig(Repeat("A", 99999), Repeat("\"A\"", 100000)).matched);
 }
 
+// Each parameter takes one zero off the run, which is read as one number from wherever it begins.
+TEST_F(BigPatternTest, HundredThousandParametersOnARunOfZeros) {
+  for (const char* parameter : {"%", "$"}) {
+    const Outcome outcome = CheckBig(Repeat("0", 100000), Repeat(parameter, 100000));
+    EXPECT_TRUE(outcome.matched) << parameter;
+    EXPECT_EQ(outcome.count, 100000) << parameter;
+    EXPECT_FALSE(CheckBig(Repeat("0", 99999), Repeat(parameter, 100000)).matched) << parameter;
+  }
+}
+
 TEST_F(BigPatternTest, HundredThousandUnknownTokens) {
   EXPECT_FALSE(CheckBig("A", std::string(100000, 'x')).matched);
 }
