@@ -12,7 +12,6 @@ namespace {
 
 using support::Card;
 using support::Patterned;
-using support::Plain;
 using support::TableOf;
 using support::Text;
 using support::Unicode;

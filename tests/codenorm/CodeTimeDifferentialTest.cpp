@@ -135,8 +135,8 @@ class CodeTimeDifferentialTest : public support::ServiceRowTest<SystemRow> {
   void CompareLookup(const std::string& code);
   void CompareOptions(const std::string& code);
 
-  const oracle::PatternCheck _CheckPattern = [this](const std::string& code, const std::string& pattern, int& count,
-                                                    std::vector<double>& values, std::vector<int>& flags) {
+  const oracle::PatternCheck _CheckPattern = [](const std::string& code, const std::string& pattern, int& count,
+                                                std::vector<double>& values, std::vector<int>& flags) {
     return oracle::CheckPattern(GetParam().system, code, pattern, count, values, flags);
   };
   const oracle::TimeFromFormula _Evaluate = [this](const std::string& formula) {

@@ -31,10 +31,10 @@ struct CardCode {
   int column = 0;
 
   friend bool operator==(const CardCode&, const CardCode&) = default;
-  friend std::ostream& operator<<(std::ostream& out, const CardCode& code) {
-    return out << '[' << code.code << "][" << code.label << "][" << code.sub_label << "][" << code.frame_title << "]["
-               << code.range << "] tab " << code.tab << " frame " << code.frame << " row " << code.row << " column "
-               << code.column;
+  friend std::ostream& operator<<(std::ostream& out, const CardCode& shown) {
+    return out << '[' << shown.code << "][" << shown.label << "][" << shown.sub_label << "][" << shown.frame_title
+               << "][" << shown.range << "] tab " << shown.tab << " frame " << shown.frame << " row " << shown.row
+               << " column " << shown.column;
   }
 };
 

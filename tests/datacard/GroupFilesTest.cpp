@@ -12,7 +12,6 @@ using support::CatalogueFilesTest;
 using support::ListOf;
 using support::Text;
 using support::Texts;
-using support::Unicode;
 
 TEST_F(CatalogueFilesTest, GroupFilesLieInTheFolderOfTheSettingItself) {
   SetCardFolder("plant/Karten");

@@ -98,8 +98,9 @@ class WorkFactorAssemblyTest : public testing::Test {
   static std::vector<double> CellArguments(int cell) {
     std::vector<double> given(13, 0.0);
     given[TableSwitch] = cell < 18 ? 0.0 : 1.0;
+    const int row = cell % 18 / 6;
     given[Column] = cell % 6;
-    given[cell < 18 ? RowFirst : RowSecond] = cell % 18 / 6;
+    given[cell < 18 ? RowFirst : RowSecond] = row;
     return given;
   }
 

@@ -12,7 +12,6 @@
 
 namespace {
 
-using formulatest::IsSame;
 using formulatest::SameNumber;
 using formulatest::ScopedLocale;
 

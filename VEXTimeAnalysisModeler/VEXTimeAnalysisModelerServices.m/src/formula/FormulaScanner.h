@@ -117,7 +117,8 @@ class FormulaScanner {
 constexpr std::array<Symbol, 128> FormulaScanner::MakeAsciiSymbols() {
   std::array<Symbol, 128> symbols{};
   symbols.fill(Symbol::Unreadable);
-  for (const std::size_t space : {0x20, 0x09, 0x0A, 0x0B, 0x0C, 0x0D}) symbols[space] = Symbol::Space;
+  constexpr std::array<std::size_t, 6> spaces{' ', '\t', '\n', '\v', '\f', '\r'};
+  for (const std::size_t space : spaces) symbols[space] = Symbol::Space;
   for (std::size_t digit = '0'; digit <= '9'; ++digit) symbols[digit] = Symbol::Digit;
   for (std::size_t letter = 'A'; letter <= 'Z'; ++letter) symbols[letter] = Symbol::Letter;
   for (std::size_t letter = 'a'; letter <= 'z'; ++letter) symbols[letter] = Symbol::Letter;
