@@ -5,7 +5,6 @@
 
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "GeneratedCatalogue.h"
@@ -155,8 +154,8 @@ int main(int count, char** arguments) {
     return
         [&services, &examples, blanks](benchmark::State& state) { bench::Lookup(state, services, examples, blanks); };
   };
-  for (const auto& [name, blanks] : {std::pair{"first", bench::ForgottenBlanks}, std::pair{"again", std::size_t{0}}}) {
-    const std::string prefix(name);
+  for (const std::size_t blanks : {bench::ForgottenBlanks, std::size_t{0}}) {
+    const std::string prefix = blanks > 0 ? "first" : "again";
     const auto add = [&](const char* suffix, auto& services, const auto& examples) {
       benchmark::RegisterBenchmark((prefix + suffix).c_str(), look_up(services, examples, blanks));
     };
