@@ -26,7 +26,7 @@ function(add_folder_test folder)
     LATIN1_LOCALE="de_DE.ISO-8859-1")
   # Tables of test rows take long to optimise and gain nothing by it.
   target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-O1>)
-  target_link_libraries(${target} PRIVATE GTest::gmock GTest::gtest_main nlohmann_json::nlohmann_json)
+  target_link_libraries(${target} PRIVATE live_objects GTest::gmock GTest::gtest_main nlohmann_json::nlohmann_json)
   if(folder STREQUAL "tools")
     target_compile_definitions(${target} PRIVATE TIMEANALYSIS_PROGRAM="$<TARGET_FILE:timeanalysis>")
     target_link_libraries(${target} PRIVATE timeanalysis_cli)

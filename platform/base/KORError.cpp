@@ -17,6 +17,14 @@ std::optional<KORError>& LastError() {
 KORError::KORError(long status, KORUnicodeString message) : _Status(status), _Message(std::move(message)) {
 }
 
+void KORError::Throw() const {
+  throw KORError(*this);
+}
+
+void KORError::Throw(const std::exception_ptr& caught) {
+  std::rethrow_exception(caught);
+}
+
 std::optional<KORError> KORError::KORGetLastError(long status, const void* /*reserved*/) {
   const std::optional<KORError>& last = LastError();
   if (!last || last->GetStatus() != status) return std::nullopt;

@@ -1,6 +1,7 @@
 // Raised errors and the errors that wait behind a status.
 #pragma once
 
+#include <exception>
 #include <optional>
 
 #include "platform/base/KORExport.h"
@@ -14,6 +15,14 @@ class KORPLATFORM_API KORError {
 
   long GetStatus() const { return _Status; }
   const KORUnicodeString& GetMessage() const { return _Message; }
+
+  /// The kind of error that this is.
+  static const char* ClassName() { return "KORError"; }
+
+  /// Raises this error.
+  [[noreturn]] void Throw() const;
+  /// Raises a caught error again, of whichever kind; `caught` is not null. KORXHContext catches errors.
+  [[noreturn]] static void Throw(const std::exception_ptr& caught);
 
   /// The error that the last failing operation of this thread left with `status`; nothing if it left none.
   /// The second argument is reserved by the platform and is passed as null.

@@ -6,7 +6,10 @@
 #include <vector>
 
 #include "platform/base/KORFatalError.h"
+#include "platform/base/KORString.h"
 #include "platform/base/KORUnicodeString.h"
+
+class KORBaseUnknown;
 
 /// A list of values in positions 1 to Size(). Copies are independent lists.
 ///
@@ -60,8 +63,12 @@ class KORList {
 using KORBoolean = unsigned char;
 
 using KORListValKORUnicodeString = KORList<KORUnicodeString>;
+using KORListValKORString = KORList<KORString>;
 using KORListValKORBoolean = KORList<KORBoolean>;
 
 using KORRawCollPV = KORList<void*>;
 using KORRawColldouble = KORList<double>;
 using KORRawCollint = KORList<int>;
+using KORListPtrKORBaseUnknown = KORList<KORBaseUnknown*>;
+/// KORBaseUnknown is the one base of all objects, and so what an unknown object is held by.
+using KORListPtrIUnknown = KORListPtrKORBaseUnknown;

@@ -223,4 +223,11 @@ std::string PrintReal(double number) {
   return {digits.data(), end};
 }
 
+std::string PrintExactReal(double number) {
+  // The longest text has 17 digits and a three-digit exponent: -1.2345678901234567e-300.
+  std::array<char, 32> digits{};
+  const auto [end, fault] = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+  return {digits.data(), end};
+}
+
 }  // namespace kornumber

@@ -32,4 +32,7 @@ KORPLATFORM_API std::string PrintInteger(int number);
 /// Prints as "%g": six significant digits, no trailing zeros.
 KORPLATFORM_API std::string PrintReal(double number);
 
+/// Prints the shortest text that ReadReal reads back bit for bit; every NaN as "nan" or "-nan", by its sign.
+KORPLATFORM_API std::string PrintExactReal(double number);
+
 }  // namespace kornumber

@@ -9,7 +9,7 @@
 
 #include <memory>
 
-#include "platform/base/KORBaseUnknown.h"
+#include "platform/base/KORHandle.h"
 #include "platform/base/KORExport.h"
 #include "platform/base/KORList.h"
 #include "platform/document/KORXMLDocument.h"

@@ -1,5 +1,5 @@
 // Counted objects, their classes and their handles.
-#include "platform/base/KORBaseUnknown.h"
+#include "platform/base/KORHandle.h"
 
 #include <gtest/gtest.h>
 

@@ -31,9 +31,26 @@ TEST(KORErrorTest, BelongsToItsThread) {
 TEST(KORErrorTest, NullHandleErrorHasStatusFail) {
   try {
     ThrowErrorNullVar();
+    FAIL() << "no error was raised";
   } catch (const KORError& error) {
     EXPECT_EQ(error.GetStatus(), E_FAIL);
   }
+}
+
+TEST(KORErrorTest, TellsItsKind) {
+  EXPECT_STREQ(KORError::ClassName(), "KORError");
+}
+
+TEST(KORErrorTest, IsRaisedAgain) {
+  KORError::SetLastError(KORError(E_INVALIDARG, "no such card"));
+  try {
+    KORError::KORGetLastError(E_INVALIDARG, nullptr)->Throw();
+    FAIL() << "no error was raised";
+  } catch (const KORError& error) {
+    EXPECT_EQ(error.GetStatus(), E_INVALIDARG);
+    EXPECT_EQ(error.GetMessage(), "no such card");
+  }
+  KORError::ClearLastError();
 }
 
 // The codes are those of the platform, with the sign of a 32-bit number.

@@ -1,0 +1,116 @@
+// Extensions and the registry by which they are found.
+#include "platform/base/KORExtension.h"
+
+#include <memory>
+#include <mutex>
+#include <optional>
+
+#include "platform/base/KORAttachedExtensions.h"
+#include "platform/base/KORHandle.h"
+
+unsigned long KORExtension::AddRef() const noexcept {
+  return _Kind == ENUMTypeOfClass::DataExtension ? _Extended->AddRef() : KORBaseUnknown::AddRef();
+}
+
+unsigned long KORExtension::Release() const noexcept {
+  return _Kind == ENUMTypeOfClass::DataExtension ? _Extended->Release() : KORBaseUnknown::Release();
+}
+
+KORBaseUnknown* KORExtension::GetImpl(int reserved) {
+  return _Extended == nullptr ? this : _Extended->GetImpl(reserved);
+}
+
+KORExtension::~KORExtension() {
+  if (_Kind == ENUMTypeOfClass::CodeExtension) _Extended->Release();
+}
+
+KORAttachedExtensions::~KORAttachedExtensions() {
+  while (!_Entries.empty()) {
+    const KORExtension* const last = _Entries.back().Extension;
+    _Entries.pop_back();
+    last->KORBaseUnknown::Release();
+  }
+}
+
+KORExtension* KORAttachedExtensions::Find(std::string_view class_name) const {
+  for (const Entry& entry : _Entries) {
+    if (entry.ClassName == class_name) return entry.Extension;
+  }
+  return nullptr;
+}
+
+KORExtensionRegistry& KORExtensionRegistry::OfProcess() {
+  // Never destroyed: modules take their entries away when they are unloaded, in no known order.
+  static KORExtensionRegistry* const registry = new KORExtensionRegistry;
+  return *registry;
+}
+
+bool KORExtensionRegistry::Add(const std::string& component, const KORUuid& interface_id,
+                               const KORExtensionMaker& maker) {
+  const std::unique_lock lock(_Mutex);
+  return _Makers.emplace(Key{component, interface_id}, maker).second;
+}
+
+void KORExtensionRegistry::Remove(const std::string& component, const KORUuid& interface_id) {
+  const std::unique_lock lock(_Mutex);
+  _Makers.erase(Key{component, interface_id});
+}
+
+std::optional<KORExtensionMaker> KORExtensionRegistry::FindMaker(const KORBaseUnknown& object,
+                                                                 const KORUuid& interface_id) {
+  const char* const component = object.GetComponentName();
+  if (*component == '\0') return std::nullopt;
+  const std::shared_lock lock(_Mutex);
+  const auto found = _Makers.find(Key{component, interface_id});
+  return found == _Makers.end() ? std::nullopt : std::optional(found->second);
+}
+
+KORExtension* KORExtensionRegistry::FindAttached(const KORBaseUnknown& object, const char* class_name) {
+  const std::shared_lock lock(_Mutex);
+  return object._Extensions == nullptr ? nullptr : object._Extensions->Find(class_name);
+}
+
+KORExtension* KORExtensionRegistry::Attach(KORBaseUnknown& object, const KORExtensionMaker& maker) {
+  if (KORExtension* const attached = FindAttached(object, maker.ClassName); attached != nullptr) return attached;
+  // Made outside the lock, as it may use the registry itself; if another thread was faster, its extension counts.
+  KORHandle<KORExtension> made = KORHandle<KORExtension>::Adopt(maker.Create());
+  const std::unique_lock lock(_Mutex);
+  if (object._Extensions == nullptr) object._Extensions = std::make_unique<KORAttachedExtensions>();
+  if (KORExtension* const attached = object._Extensions->Find(maker.ClassName); attached != nullptr) return attached;
+  KORExtension* const extension = made.Get();
+  extension->KORBaseUnknown::AddRef();
+  object._Extensions->Add(maker.ClassName, extension);
+  made = nullptr;
+  extension->_Extended = &object;
+  extension->_Kind = ENUMTypeOfClass::DataExtension;
+  return extension;
+}
+
+void* KORExtensionRegistry::FindInterface(KORBaseUnknown& object, const KORUuid& interface_id) {
+  const std::optional<KORExtensionMaker> maker = FindMaker(object, interface_id);
+  if (!maker) return nullptr;
+  if (maker->Kind == ENUMTypeOfClass::DataExtension) {
+    KORExtension* const extension = Attach(object, *maker);
+    void* const found = static_cast<KORBaseUnknown*>(extension)->FindInterface(interface_id);
+    if (found != nullptr) object.AddRef();
+    return found;
+  }
+  const KORHandle<KORExtension> extension = KORHandle<KORExtension>::Adopt(maker->Create());
+  extension->_Extended = &object;
+  extension->_Kind = ENUMTypeOfClass::CodeExtension;
+  object.AddRef();
+  void* const found = static_cast<KORBaseUnknown*>(extension.Get())->FindInterface(interface_id);
+  if (found != nullptr) extension->AddRef();
+  return found;
+}
+
+KORExtensionRegistration::KORExtensionRegistration(const char* component, const KORUuid& interface_id,
+                                                   const KORExtensionMaker& maker)
+    : _Component(component),
+      _Interface(interface_id),
+      _Registered(KORExtensionRegistry::OfProcess().Add(component, interface_id, maker)) {
+}
+
+KORExtensionRegistration::~KORExtensionRegistration() {
+  if (_Registered) KORExtensionRegistry::OfProcess().Remove(_Component, _Interface);
+}

@@ -1,0 +1,22 @@
+// The identificators of the model.
+#pragma once
+
+#include "platform/base/KORExport.h"
+#include "platform/model/KORPLMComponent.h"
+
+/// Points at its object as long as that lives; serves the thread of the object.
+class KORPLATFORM_API KORPLMIdentificator final : public KORImplements<KORIAdpPLMIdentificator> {
+ public:
+  explicit KORPLMIdentificator(KORBaseUnknown& object) : _Object(&object) {}
+
+  /// Two identificators of one object are one object.
+  long IsSameAs(KORIAdpPLMIdentificator* other, unsigned char& same) override;
+
+  /// The object, with no reference added; null after its end.
+  KORBaseUnknown* GetObject() const { return _Object; }
+  /// Called by the object at its end.
+  void ForgetObject() { _Object = nullptr; }
+
+ private:
+  KORBaseUnknown* _Object;
+};

@@ -1,0 +1,21 @@
+// One parameter of a formula on an analysis line, and who frees it.
+#include "platform/model/VEXTimeAnalysisFormulaParameter.h"
+
+void KORParameterLink::Leave() {
+  _Next->_Previous = _Previous;
+  _Previous->_Next = _Next;
+  _Next = this;
+  _Previous = this;
+}
+
+void KORParameterLink::Join(KORParameterLink& ring) {
+  Leave();
+  _Previous = ring._Previous;
+  _Next = &ring;
+  _Previous->_Next = this;
+  ring._Previous = this;
+}
+
+void KORHeldParameters::Clear() {
+  while (_Ring._Next != &_Ring) delete static_cast<VEXTimeAnalysisFormulaParameter*>(_Ring._Next);
+}
