@@ -6,7 +6,9 @@
 #include "VEXSTMDataCardScans.h"
 #include "VEXTimeAnalysisModelerExport.h"
 #include "platform/base/KORBaseUnknown.h"
+#include "platform/base/KORHandle.h"
 #include "platform/base/KORList.h"
+#include "platform/base/KORObjectLists.h"
 #include "platform/base/KORStatus.h"
 #include "platform/base/KORUnicodeString.h"
 #include "platform/document/KORXMLDocument.h"
@@ -274,6 +276,93 @@ class VEXTIMEANALYSISMODELER_API VEXSTMTimeAnalysisDlgServices : public KORBaseU
   KORUnicodeString GetValueAdded() const { return _ValueAddedText; }
   /// Index (from 0) in the entry table of the last entry that matched; -1 before any match and after an empty code.
   int GetCodeIndex() const { return _CodeIndex; }
+
+  // ------------------------------------------------------------------------------------------------ Lines
+
+  /// Stored time of a line for one occurrence, in seconds, by its time type: from "TTBTime", "TTUTime", "TWTime" or
+  /// "TRGTime"; for "T**" from "TotalTime", which holds the frequency already.
+  ///
+  /// row  from 1; a row that is not there has no values
+  /// Returns 0.0 for any other time type, for a missing value, and if `analysis` is null or offers no lines.
+  static double GetTimeOfLine(int row, KORBaseUnknown* analysis);
+
+  /// Stored frequency of a line ("Factor"); the marker -1.0 comes back as it is. 1.0 if the line has none, and if
+  /// `analysis` is null or offers no lines.
+  static double GetFrequencyOfLine(int row, KORBaseUnknown* analysis);
+
+  /// Sum over the lines without formula parameters of time by frequency, in seconds. A frequency of -1.0 counts as 1.0;
+  /// any other that is not above 0, and a missing one, adds nothing, nor does a line whose time type is "T**" or
+  /// unknown. 0.0 if `analysis` is null; raises the null-handle error if it offers no lines.
+  static double CalcTotalTimeOfNonFormulaCode(KORBaseUnknown* analysis);
+
+  /// Gives back the records of a list from VEXITimeAnalysisLines::GetLines: frees the formula parameters of each,
+  /// releases it, and empties the list. Null entries are passed over.
+  static void ReleaseTimeAnalysisLines(KORRawCollPV& lines);
+
+  /// Reads an attribute of an object as text: of the object itself if it offers KORIInstance and has the attribute,
+  /// otherwise, for an operation occurrence, of the reference behind its instance.
+  ///
+  /// value       [out] the text; untouched unless the attribute was found
+  /// real_value, int_value  not used
+  /// Returns the status of reading the text; E_FAIL if the object is no KORIInstance, is no occurrence, or the way to
+  /// its reference fails; the status of that way if the reference lacks the attribute too.
+  long GetValue(KORBaseUnknown_var object, KORUnicodeString& name, KORUnicodeString& value, double& real_value,
+                int& int_value);
+
+  // ------------------------------------------------------------------------------------------------ Reuse
+
+  /// The analysis that a row (from 1) reuses; null if it reuses none, and if `analysis` is null or offers no lines.
+  static KORBaseUnknown_var GetReusedTAOfRow(int row, KORBaseUnknown_var analysis);
+
+  /// 1 if any line reuses an analysis; 0 if none does, or if `analysis` offers no attributes or no lines.
+  unsigned char IsTAHasReusedLine(const KORBaseUnknown_var& analysis);
+
+  /// Lists an analysis and all that it reuses, at any depth: depth first, an analysis ahead of those that it reuses,
+  /// each identifier once.
+  ///
+  /// identifiers, values, analyses  [in, out] parallel; for each identifier that is not in the list yet, the identifier
+  ///     ("PLM_ExternalID"), 0.0 and the analysis are appended
+  ///
+  /// Does nothing for null and for an object without VEXITimeAnalysisRepReference; raises the null-handle error for an
+  /// analysis without properties or lines. An analysis that is met again on the way down from itself is not entered
+  /// again, so that circles of reuse end. The time taken is linear in the lines, however often an analysis is reused,
+  /// and the depth has no bound.
+  static void PrepareListOfAllLevelReusedPLMIds(KORBaseUnknown_var analysis, KORListValKORUnicodeString& identifiers,
+                                                KORRawColldouble& values, KORListValKORBaseUnknown_var& analyses);
+
+  /// The identifier ("PLM_ExternalID") of an analysis; empty for null and for an object without properties.
+  static KORUnicodeString GetTAPLMExternalID(KORBaseUnknown* analysis);
+
+  // ------------------------------------------------------------------------------------------------ Calculation
+
+  /// Evaluates the formulas of a line with the values of its parameters.
+  ///
+  /// parameters       VEXTimeAnalysisFormulaParameter records or null, as under "FormulaParameter"; they stay as they are
+  /// analysis_id      identifier of the analysis that holds the line
+  /// reused_analysis  the analysis that the line reuses; null for a formula of the line's own
+  /// frequency        [in, out] changed only by a formula of the line's own analysis with an output "Frequency" other
+  ///                  than -1
+  /// description      [in, out] changed only by such a formula with an output "Description" that is not empty
+  /// Returns          the time of the line for one occurrence, in seconds. 0.0 also for an empty list, and as soon as a
+  ///                  formula is not valid.
+  ///
+  /// A formula of the line's own analysis counts with its time alone. One of a reused analysis counts with its time by
+  /// its frequency, together with the plain lines of that analysis; where its time or frequency is left open (at most
+  /// 0.0, -1.0), the stored line of the formula, or the total found so far of what that line reuses, takes its place.
+  double CalculateFormulaOnLineService(KORRawCollPV& parameters, KORUnicodeString& analysis_id,
+                                       KORBaseUnknown_var reused_analysis, double& frequency,
+                                       KORUnicodeString& description);
+
+  /// Recomputes a whole analysis: brings the formula lines up to date, stores the lines, and writes the totals.
+  ///
+  /// The sums by time type and of all lines go to "TTBCalculated", "TTUCalculated", "TWCalculated", "TRGCalculated" and
+  /// "TotalCalculated" in TMU, and to "V_HumanTime", "V_MachineTime", "V_WaitingTime", "V_SetupTime" and "V_TotalTime"
+  /// in seconds, rounded to 6 decimals. Lines with the code "*" or without one take no part and are not stored. A plain
+  /// line keeps its stored times; a reused analysis is not itself recomputed.
+  ///
+  /// Returns the status of the last write; E_FAIL, with nothing changed, if `analysis` offers no attributes or no
+  /// lines. A failure in between leaves what was written before it.
+  long CalculateAnalyzedTimeBG(const KORBaseUnknown_var& analysis);
 
   // ------------------------------------------------------------------------------------- User-defined attributes
 

@@ -4,7 +4,7 @@
 #include "platform/base/KORExport.h"
 #include "platform/model/KORPLMComponent.h"
 
-/// Points at its object as long as that lives; serves the thread of the object.
+/// Knows its object as long as that lives, without keeping it alive; serves the thread of the object.
 class KORPLATFORM_API KORPLMIdentificator final : public KORImplements<KORIAdpPLMIdentificator> {
  public:
   explicit KORPLMIdentificator(KORBaseUnknown& object) : _Object(&object) {}
@@ -12,8 +12,8 @@ class KORPLATFORM_API KORPLMIdentificator final : public KORImplements<KORIAdpPL
   /// Two identificators of one object are one object.
   long IsSameAs(KORIAdpPLMIdentificator* other, unsigned char& same) override;
 
-  /// The object, with no reference added; null after its end.
-  KORBaseUnknown* GetObject() const { return _Object; }
+  /// The object; null once its last reference has gone.
+  KORBaseUnknown_var FindObject() const;
   /// Called by the object at its end.
   void ForgetObject() { _Object = nullptr; }
 

@@ -8,6 +8,11 @@
 #include <string_view>
 #include <utility>
 
+#include "calculation/AnalyzedTime.h"
+#include "calculation/AttributeText.h"
+#include "calculation/LineFormula.h"
+#include "calculation/LineTime.h"
+#include "calculation/ReuseTree.h"
 #include "codenorm/CodeTime.h"
 #include "codenorm/ModaptsNorm.h"
 #include "codenorm/MostNorm.h"
@@ -331,6 +336,63 @@ void VEXSTMTimeAnalysisDlgServices::SubstParameterCode(KORUnicodeString& formula
   if (values == nullptr || flags == nullptr) return;
   const codenorm::CodeNumbers numbers{{values, codenorm::ReferenceCount}, {flags, codenorm::ReferenceCount}};
   formula = KORUnicodeString(codenorm::Substitute(formula.Bytes(), numbers));
+}
+
+// Lines
+
+double VEXSTMTimeAnalysisDlgServices::GetTimeOfLine(int row, KORBaseUnknown* analysis) {
+  return calculation::TimeOfLine(row, analysis);
+}
+
+double VEXSTMTimeAnalysisDlgServices::GetFrequencyOfLine(int row, KORBaseUnknown* analysis) {
+  return calculation::FrequencyOfLine(row, analysis);
+}
+
+double VEXSTMTimeAnalysisDlgServices::CalcTotalTimeOfNonFormulaCode(KORBaseUnknown* analysis) {
+  return calculation::TimeOfPlainLines(analysis);
+}
+
+void VEXSTMTimeAnalysisDlgServices::ReleaseTimeAnalysisLines(KORRawCollPV& lines) {
+  calculation::ReleaseLines(lines);
+}
+
+long VEXSTMTimeAnalysisDlgServices::GetValue(KORBaseUnknown_var object, KORUnicodeString& name, KORUnicodeString& value,
+                                             double& /*real_value*/, int& /*int_value*/) {
+  return calculation::AttributeText(object, name, value);
+}
+
+// Reuse
+
+KORBaseUnknown_var VEXSTMTimeAnalysisDlgServices::GetReusedTAOfRow(int row, KORBaseUnknown_var analysis) {
+  return calculation::ReusedAnalysisOfRow(row, analysis);
+}
+
+unsigned char VEXSTMTimeAnalysisDlgServices::IsTAHasReusedLine(const KORBaseUnknown_var& analysis) {
+  return calculation::HasReusedLine(analysis) ? 1 : 0;
+}
+
+void VEXSTMTimeAnalysisDlgServices::PrepareListOfAllLevelReusedPLMIds(KORBaseUnknown_var analysis,
+                                                                      KORListValKORUnicodeString& identifiers,
+                                                                      KORRawColldouble& values,
+                                                                      KORListValKORBaseUnknown_var& analyses) {
+  calculation::ListAllReused(analysis, {identifiers, values, analyses});
+}
+
+KORUnicodeString VEXSTMTimeAnalysisDlgServices::GetTAPLMExternalID(KORBaseUnknown* analysis) {
+  return calculation::IdentifierOf(analysis);
+}
+
+// Calculation
+
+double VEXSTMTimeAnalysisDlgServices::CalculateFormulaOnLineService(KORRawCollPV& parameters,
+                                                                    KORUnicodeString& analysis_id,
+                                                                    KORBaseUnknown_var reused_analysis,
+                                                                    double& frequency, KORUnicodeString& description) {
+  return calculation::TimeOfFormulaLine(parameters, analysis_id, reused_analysis, {frequency, description});
+}
+
+long VEXSTMTimeAnalysisDlgServices::CalculateAnalyzedTimeBG(const KORBaseUnknown_var& analysis) {
+  return calculation::CalculateAnalysis(analysis, timevalue::SecondsPerTmu(_MinToTMUConversion));
 }
 
 // User-defined attributes
