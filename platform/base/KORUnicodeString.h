@@ -80,6 +80,8 @@ class KORPLATFORM_API KORUnicodeString {
     return left;
   }
   friend bool operator==(const KORUnicodeString&, const KORUnicodeString&) = default;
+  /// With an ASCII literal, without making a text of it.
+  friend bool operator==(const KORUnicodeString& left, const char* right) { return left.Bytes() == right; }
   /// Order of the UTF-8 bytes, which is the order of the code points.
   friend std::strong_ordering operator<=>(const KORUnicodeString&, const KORUnicodeString&) = default;
 

@@ -25,9 +25,9 @@ KORBaseUnknown_var ReferenceOf(const KORIPLMNavOccurrence_var& occurrence, long&
   status = occurrence->GetRelatedInstance(instance);
   const auto held_instance = KORIPLMNavInstance_var::Adopt(instance);
   if (held_instance.IsNull()) return NULL_var;
-  KORBaseUnknown* reference = nullptr;
+  KORIPLMNavReference* reference = nullptr;
   status = held_instance->GetInstanceReference(reference);
-  return KORBaseUnknown_var::Adopt(reference);
+  return KORIPLMNavReference_var::Adopt(reference);
 }
 
 }  // namespace

@@ -1,13 +1,11 @@
 // The formulas of one line.
 #include "calculation/LineFormula.h"
 
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
-#include <utility>
 #include <vector>
 
 #include "calculation/FormulaRun.h"
@@ -25,31 +23,49 @@ constexpr std::string_view KeySeparator = "|";
 struct Formula {
   KORUnicodeString OwnerId;
   KORUnicodeString OwnerRow;
-  const VEXTimeAnalysisFormulaParameter* First;  // its first parameter, and the position of that (from 1)
-  int Position;
+  int Position;  // of its first parameter, from 1
+  int ParameterKind;
 };
 
-// The formulas of a line, in the order of their first parameters. A formula is known by "owner|row"; what that text
-// gives when it is cut at "|" names its owner and row, so that an owner with "|" in its identifier has no formula.
-std::vector<Formula> FormulasOf(const KORRawCollPV& parameters) {
-  std::vector<std::string> keys;
-  std::unordered_set<std::string> known;
-  std::map<std::pair<std::string_view, std::string_view>, int> first_positions;
+bool IsOfSameFormula(const VEXTimeAnalysisFormulaParameter& left, const VEXTimeAnalysisFormulaParameter& right) {
+  return left._OwnerRow == right._OwnerRow && left._OwnerPLMId == right._OwnerPLMId;
+}
+
+// The formula whose first parameter stands at a position.
+Formula FormulaAt(const KORRawCollPV& parameters, int position) {
+  const VEXTimeAnalysisFormulaParameter& first = *ParameterAt(parameters, position);
+  return {first._OwnerPLMId, first._OwnerRow, position, first._ParameterKind};
+}
+
+// The formula that the cut of a key names; nothing if no parameter belongs to it.
+std::optional<Formula> FormulaOfKey(const KORRawCollPV& parameters, std::string_view key) {
+  const KORListValKORUnicodeString parts = timevalue::CutAtSeparator(KeySeparator, key);
   for (int position = 1; position <= parameters.Size(); ++position) {
     const VEXTimeAnalysisFormulaParameter* const parameter = ParameterAt(parameters, position);
     if (parameter == nullptr) continue;
+    if (parameter->_OwnerPLMId == parts[1] && parameter->_OwnerRow == parts[2]) return FormulaAt(parameters, position);
+  }
+  return std::nullopt;
+}
+
+// The formulas of a line, in the order of their first parameters. A formula is known by its key "owner|row", and what
+// the key gives when it is cut at "|" names owner and row. So owners and rows with a "|" of their own may name another
+// formula, or none, which has no part in the line.
+std::vector<Formula> FormulasOf(const KORRawCollPV& parameters) {
+  std::vector<Formula> formulas;
+  std::unordered_set<std::string> keys;
+  const VEXTimeAnalysisFormulaParameter* before = nullptr;
+  for (int position = 1; position <= parameters.Size(); ++position) {
+    const VEXTimeAnalysisFormulaParameter* const parameter = ParameterAt(parameters, position);
+    if (parameter == nullptr || (before != nullptr && IsOfSameFormula(*parameter, *before))) continue;
+    before = parameter;
     const std::string_view owner = parameter->_OwnerPLMId.Bytes();
     const std::string_view row = parameter->_OwnerRow.Bytes();
-    first_positions.try_emplace({owner, row}, position);
-    std::string key = std::string(owner).append(KeySeparator).append(row);
-    if (known.insert(key).second) keys.push_back(std::move(key));
-  }
-  std::vector<Formula> formulas;
-  for (const std::string& key : keys) {
-    const KORListValKORUnicodeString parts = timevalue::CutAtSeparator(KeySeparator, key);
-    const auto found = first_positions.find({parts[1].Bytes(), parts[2].Bytes()});
-    if (found == first_positions.end()) continue;
-    formulas.push_back({parts[1], parts[2], ParameterAt(parameters, found->second), found->second});
+    const auto [key, is_new] = keys.insert(std::string(owner).append(KeySeparator).append(row));
+    if (!is_new) continue;
+    const bool is_plain = owner.find(KeySeparator) == owner.npos && row.find(KeySeparator) == row.npos;
+    const std::optional<Formula> formula = is_plain ? FormulaAt(parameters, position) : FormulaOfKey(parameters, *key);
+    if (formula) formulas.push_back(*formula);
   }
   return formulas;
 }
@@ -90,8 +106,8 @@ int TargetRow(const Formula& formula) {
   int row = 0;
   (void)formula.OwnerRow.ConvertToNum(row, "%d");
   const unsigned int twice = 2u * static_cast<unsigned int>(row);  // wraps around where 32 bits don't hold it
-  if (formula.First->_ParameterKind == 4) return static_cast<int>(twice - 1u);
-  if (formula.First->_ParameterKind == 7) return static_cast<int>(twice);
+  if (formula.ParameterKind == 4) return static_cast<int>(twice - 1u);
+  if (formula.ParameterKind == 7) return static_cast<int>(twice);
   return row;
 }
 
@@ -107,7 +123,7 @@ class LineFormulas {
 
   double Time() {
     for (const Formula& formula : FormulasOf(_Parameters)) {
-      const KORICkeExpression_var expression = ExpressionOf(*formula.First);
+      const KORICkeExpression_var expression = ExpressionOf(*ParameterAt(_Parameters, formula.Position));
       if (expression.IsNull()) return 0.0;
       const KORICkeEvaluator_var evaluator = expression;
       if (!evaluator.IsNull()) {
