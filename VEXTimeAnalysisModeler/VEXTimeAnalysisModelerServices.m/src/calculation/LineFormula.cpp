@@ -1,11 +1,13 @@
 // The formulas of one line.
 #include "calculation/LineFormula.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "calculation/FormulaRun.h"
@@ -101,14 +103,15 @@ class RunningTimes {
   std::unordered_map<std::string_view, int> _Positions;
 };
 
-// The row that a formula stands for in its owner: a parameter kind of 4 or 7 makes two rows of each.
+// The row that a formula stands for in its owner: a parameter kind of 4 or 7 makes two rows of each. 0, which is no
+// row, for one that is beyond all tables.
 int TargetRow(const Formula& formula) {
   int row = 0;
   (void)formula.OwnerRow.ConvertToNum(row, "%d");
-  const unsigned int twice = 2u * static_cast<unsigned int>(row);  // wraps around where 32 bits don't hold it
-  if (formula.ParameterKind == 4) return static_cast<int>(twice - 1u);
-  if (formula.ParameterKind == 7) return static_cast<int>(twice);
-  return row;
+  std::int64_t target = row;
+  if (formula.ParameterKind == 4) target = 2 * target - 1;
+  if (formula.ParameterKind == 7) target = 2 * target;
+  return std::in_range<int>(target) ? static_cast<int>(target) : 0;
 }
 
 class LineFormulas {
