@@ -337,10 +337,10 @@ class VEXTIMEANALYSISMODELER_API VEXSTMTimeAnalysisDlgServices : public KORBaseU
 
   /// Evaluates the formulas of a line with the values of its parameters.
   ///
-  /// parameters       VEXTimeAnalysisFormulaParameter records or null, as under "FormulaParameter"; they stay as they are
-  /// analysis_id      identifier of the analysis that holds the line
-  /// reused_analysis  the analysis that the line reuses; null for a formula of the line's own
-  /// frequency        [in, out] changed only by a formula of the line's own analysis with an output "Frequency" other
+  /// parameters       VEXTimeAnalysisFormulaParameter records or null, as under "FormulaParameter"; they stay as they
+  /// are analysis_id      identifier of the analysis that holds the line reused_analysis  the analysis that the line
+  /// reuses; null for a formula of the line's own frequency        [in, out] changed only by a formula of the line's
+  /// own analysis with an output "Frequency" other
   ///                  than -1
   /// description      [in, out] changed only by such a formula with an output "Description" that is not empty
   /// Returns          the time of the line for one occurrence, in seconds. 0.0 also for an empty list, and as soon as a

@@ -1,6 +1,7 @@
 // The reference-counted base of every platform object.
 #include "platform/base/KORBaseUnknown.h"
 
+#include <limits>
 #include <vector>
 
 #include "platform/base/KORAttachedExtensions.h"
@@ -10,6 +11,14 @@
 namespace {
 
 std::atomic<long> live_objects{0};
+
+// The count of an object whose last reference has gone: whatever is counted on it from then on neither ends it again
+// nor brings it back.
+constexpr unsigned long EndedReferences = std::numeric_limits<unsigned long>::max() / 2;
+
+// The objects that follow the one being destroyed on this thread; null while none is. The list lives as long as the
+// outermost destruction, so that objects may also end when the thread or the process does.
+thread_local std::vector<const KORBaseUnknown*>* following = nullptr;
 
 }  // namespace
 
@@ -38,18 +47,29 @@ unsigned long KORBaseUnknown::Release() const noexcept {
   return before - 1;
 }
 
+bool KORBaseUnknown::TryAddRef() const noexcept {
+  unsigned long references = _References.load(std::memory_order_relaxed);
+  do {
+    if (references == 0 || references >= EndedReferences / 2) return false;
+  } while (!_References.compare_exchange_weak(references, references + 1, std::memory_order_relaxed));
+  return true;
+}
+
 void KORBaseUnknown::EndLife() const noexcept {
-  thread_local std::vector<const KORBaseUnknown*> ending;  // the object being destroyed, and those that follow
-  ending.push_back(this);
-  if (ending.size() > 1) return;
+  _References.store(EndedReferences, std::memory_order_relaxed);
+  if (following != nullptr) {
+    following->push_back(this);
+    return;
+  }
+  std::vector<const KORBaseUnknown*> ending;
+  following = &ending;
+  Destroy();
   for (std::size_t index = 0; index < ending.size(); ++index) ending[index]->Destroy();
-  ending.clear();
+  following = nullptr;
 }
 
 void KORBaseUnknown::Destroy() const noexcept {
-  // The extensions go first, while the object is whole; what they count on it meanwhile must not end it again.
-  _References.store(1, std::memory_order_relaxed);
-  _Extensions.reset();
+  _Extensions.reset();  // first, while the object is whole
   delete this;
 }
 

@@ -32,6 +32,9 @@ class KORPLATFORM_API KORBaseUnknown {
   /// Both return the count after the call.
   virtual unsigned long AddRef() const noexcept;
   virtual unsigned long Release() const noexcept;
+  /// Takes a reference if the object still has one; false, with nothing taken, once its last one has gone, also while
+  /// its destruction is still to come. For those who know the object without keeping it alive.
+  bool TryAddRef() const noexcept;
 
   /// Asks the object for an interface: the class of the object first, the registered extensions of its component
   /// second. It gives the same answer from whichever interface of the object it is asked.
@@ -103,8 +106,12 @@ class KORImplements : public Interfaces... {
  protected:
   void* FindInterface(const KORUuid& interface_id) override {
     void* found = nullptr;
-    ((Interfaces::ClassId() == interface_id ? (found = static_cast<Interfaces*>(this), true) : false) || ...);
-    return found != nullptr ? found : KORBaseUnknown::FindInterface(interface_id);
+    const auto is_found = [&](const KORUuid& identifier, void* offered) {
+      if (identifier == interface_id) found = offered;
+      return found != nullptr;
+    };
+    if ((is_found(Interfaces::ClassId(), static_cast<Interfaces*>(this)) || ...)) return found;
+    return KORBaseUnknown::FindInterface(interface_id);
   }
 };
 

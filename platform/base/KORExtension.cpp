@@ -4,6 +4,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <string_view>
 
 #include "platform/base/KORAttachedExtensions.h"
 #include "platform/base/KORHandle.h"
@@ -28,7 +29,7 @@ KORAttachedExtensions::~KORAttachedExtensions() {
   while (!_Entries.empty()) {
     const KORExtension* const last = _Entries.back().Extension;
     _Entries.pop_back();
-    last->KORBaseUnknown::Release();
+    delete last;  // at once: to release it could leave it until the object is gone
   }
 }
 
@@ -48,12 +49,12 @@ KORExtensionRegistry& KORExtensionRegistry::OfProcess() {
 bool KORExtensionRegistry::Add(const std::string& component, const KORUuid& interface_id,
                                const KORExtensionMaker& maker) {
   const std::unique_lock lock(_Mutex);
-  return _Makers.emplace(Key{component, interface_id}, maker).second;
+  return _Makers[component].try_emplace(interface_id.Bytes, maker).second;
 }
 
 void KORExtensionRegistry::Remove(const std::string& component, const KORUuid& interface_id) {
   const std::unique_lock lock(_Mutex);
-  _Makers.erase(Key{component, interface_id});
+  _Makers[component].erase(interface_id.Bytes);
 }
 
 std::optional<KORExtensionMaker> KORExtensionRegistry::FindMaker(const KORBaseUnknown& object,
@@ -61,8 +62,10 @@ std::optional<KORExtensionMaker> KORExtensionRegistry::FindMaker(const KORBaseUn
   const char* const component = object.GetComponentName();
   if (*component == '\0') return std::nullopt;
   const std::shared_lock lock(_Mutex);
-  const auto found = _Makers.find(Key{component, interface_id});
-  return found == _Makers.end() ? std::nullopt : std::optional(found->second);
+  const auto makers = _Makers.find(std::string_view(component));
+  if (makers == _Makers.end()) return std::nullopt;
+  const auto maker = makers->second.find(interface_id.Bytes);
+  return maker == makers->second.end() ? std::nullopt : std::optional(maker->second);
 }
 
 KORExtension* KORExtensionRegistry::FindAttached(const KORBaseUnknown& object, const char* class_name) {

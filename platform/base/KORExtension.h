@@ -1,11 +1,11 @@
 // Extensions: objects that add interfaces to the objects of a component, and the registry by which they are found.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <shared_mutex>
 #include <string>
-#include <tuple>
 
 #include "platform/base/KORBaseUnknown.h"
 #include "platform/base/KORExport.h"
@@ -28,10 +28,10 @@ class KORPLATFORM_API KORExtension : public virtual KORBaseUnknown {
   unsigned long Release() const noexcept override;
   /// The extended object; the extension itself as long as it extends nothing.
   KORBaseUnknown* GetImpl(int reserved) override;
+  ~KORExtension() override;
 
  protected:
   KORExtension() = default;
-  ~KORExtension() override;
 
   /// The extended object, with no reference added: never null from the first call through an interface on, and not to
   /// be used in the destructor. To keep a counted handle to it would keep it alive for ever.
@@ -46,8 +46,8 @@ class KORPLATFORM_API KORExtension : public virtual KORBaseUnknown {
 
 /// How an extension is made.
 struct KORExtensionMaker {
-  const char* ClassName;    // of the extension; its interfaces on one object share one data extension of that name
-  ENUMTypeOfClass Kind;     // DataExtension or CodeExtension
+  const char* ClassName;      // of the extension; its interfaces on one object share one data extension of that name
+  ENUMTypeOfClass Kind;       // DataExtension or CodeExtension
   KORExtension* (*Create)();  // a new extension with one reference, which the registry takes
 };
 
@@ -67,20 +67,14 @@ class KORPLATFORM_API KORExtensionRegistry {
   void* FindInterface(KORBaseUnknown& object, const KORUuid& interface_id);
 
  private:
-  struct Key {
-    std::string Component;
-    KORUuid Interface;
-    friend auto operator<=>(const Key& left, const Key& right) {
-      return std::tie(left.Component, left.Interface.Bytes) <=> std::tie(right.Component, right.Interface.Bytes);
-    }
-  };
+  using MakersOfComponent = std::map<decltype(KORUuid::Bytes), KORExtensionMaker>;  // by interface
 
   std::optional<KORExtensionMaker> FindMaker(const KORBaseUnknown& object, const KORUuid& interface_id);
   KORExtension* FindAttached(const KORBaseUnknown& object, const char* class_name);
   KORExtension* Attach(KORBaseUnknown& object, const KORExtensionMaker& maker);
 
   std::shared_mutex _Mutex;
-  std::map<Key, KORExtensionMaker> _Makers;
+  std::map<std::string, MakersOfComponent, std::less<>> _Makers;  // by name of the component
 };
 
 /// One entry of the registry for the life of this object: as a static object of a module, from its load to its unload.

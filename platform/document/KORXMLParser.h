@@ -9,8 +9,8 @@
 
 #include <memory>
 
-#include "platform/base/KORHandle.h"
 #include "platform/base/KORExport.h"
+#include "platform/base/KORHandle.h"
 #include "platform/base/KORList.h"
 #include "platform/document/KORXMLDocument.h"
 

@@ -1,4 +1,4 @@
-// Errors that wait behind a status.
+// Raised errors and the errors that wait behind a status.
 #include "platform/base/KORError.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,10 @@
-// Sessions: scopes, environment, recorder, faults.
+// Sessions: scopes, environment, recorder, faults, parts.
 #include "platform/system/KORSession.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <string>
 #include <thread>
 
 #include "platform/base/KORStatus.h"
@@ -99,6 +100,70 @@ TEST(KORSessionTest, FaultsLastUntilTheyAreCleared) {
   EXPECT_EQ(session.GetFault("KORSplitPath"), E_INVALIDARG);
   session.ClearFaults();
   EXPECT_EQ(session.GetFault("KORSplitPath"), S_OK);
+}
+
+// Parts write down their end, and which session is the current one then.
+std::string ends;
+const KORSession* session_at_end = nullptr;
+
+struct FirstPart {
+  int Value = 1;
+  ~FirstPart() {
+    ends += "first ";
+    session_at_end = &KORSession::Current();
+  }
+};
+
+struct SecondPart {
+  ~SecondPart() { ends += "second "; }
+};
+
+struct PartThatNeedsAnother {
+  PartThatNeedsAnother() { KORSession::Current().GetPart<FirstPart>().Value = 5; }
+  ~PartThatNeedsAnother() {
+    ends += "needing(" + std::to_string(KORSession::Current().GetPart<FirstPart>().Value) + ") ";
+  }
+};
+
+TEST(KORSessionTest, PartIsMadeOnFirstUse) {
+  KORSession session;
+  session.GetPart<FirstPart>().Value = 2;
+  EXPECT_EQ(session.GetPart<FirstPart>().Value, 2);
+  KORSession other;
+  EXPECT_EQ(other.GetPart<FirstPart>().Value, 1);
+}
+
+TEST(KORSessionTest, PartsEndWithTheirSessionTheLastOneFirst) {
+  ends.clear();
+  const KORSession* ended = nullptr;
+  {
+    KORSession session;
+    ended = &session;
+    session.GetPart<FirstPart>();
+    session.GetPart<SecondPart>();
+    session.GetPart<FirstPart>();
+  }
+  EXPECT_EQ(ends, "second first ");
+  EXPECT_EQ(session_at_end, ended);
+}
+
+TEST(KORSessionTest, PartThatAskedForAnotherEndsAheadOfIt) {
+  ends.clear();
+  {
+    KORFreshSession session;
+    session.GetPart<PartThatNeedsAnother>();
+  }
+  EXPECT_EQ(ends, "needing(5) first ");
+}
+
+TEST(KORSessionTest, FreshSessionIsTheCurrentOne) {
+  KORSession& before = KORSession::Current();
+  {
+    const KORFreshSession session;
+    EXPECT_EQ(&KORSession::Current(), &session);
+    EXPECT_TRUE(session.GetCurrentUserId().IsEmpty());
+  }
+  EXPECT_EQ(&KORSession::Current(), &before);
 }
 
 }  // namespace

@@ -52,7 +52,8 @@ TEST_P(KORStringLengthTest, CountsCharacters) {
 
 INSTANTIATE_TEST_SUITE_P(Texts, KORStringLengthTest,
                          testing::Values(LengthRow{"Empty", "", 0}, LengthRow{"Ascii", "TTB", 3},
-                                         LengthRow{"Utf8", "M\xC3\xBCller", 6}, LengthRow{"Windows1252", "M\xFCller", 6},
+                                         LengthRow{"Utf8", "M\xC3\xBCller", 6},
+                                         LengthRow{"Windows1252", "M\xFCller", 6},
                                          LengthRow{"Utf8AndWindows1252", "\xC3\xBC\xFC", 3}),
                          NameOfRow());
 

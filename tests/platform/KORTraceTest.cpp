@@ -30,8 +30,8 @@ TEST_F(KORTraceTest, WritesLinesToStandardError) {
   testing::internal::CaptureStderr();
   trace.TraPutLN("Failed to create feature <Grip>.");
   trace.TraPutLN("");
-  trace.TraPutLN("Grö\xC3\x9F" "e");
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "Failed to create feature <Grip>.\n\nGrö\xC3\x9F" "e\n");
+  trace.TraPutLN("Größe");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "Failed to create feature <Grip>.\n\nGröße\n");
 }
 
 TEST_F(KORTraceTest, IsRedirectedAndBack) {
