@@ -26,7 +26,8 @@ write_basic_package_version_file(
 install(FILES
   ${PROJECT_BINARY_DIR}/package/VEXTimeAnalysisModelerConfig.cmake
   ${PROJECT_BINARY_DIR}/package/VEXTimeAnalysisModelerConfigVersion.cmake
-  cmake/FindUtf8proc.cmake DESTINATION ${package_folder})
+  cmake/FindUtf8proc.cmake
+  cmake/FindLua54.cmake DESTINATION ${package_folder})
 
 file(RELATIVE_PATH prefix_from_pkgconfig /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 string(REGEX REPLACE "/$" "" prefix_from_pkgconfig ${prefix_from_pkgconfig})

@@ -4,15 +4,17 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <limits>
+#include <stdexcept>
 #include <string_view>
 #include <utility>
 
-/// A text that never changes. Up to twelve bytes stand in the object itself, longer ones on the heap; texts above
-/// four gigabytes are not held.
+/// A text that never changes. Up to twelve bytes stand in the object itself, longer ones on the heap. A text of four
+/// gigabytes or more is refused with std::length_error.
 class KORCompactText {
  public:
   KORCompactText() = default;
-  explicit KORCompactText(std::string_view bytes) : _Length(static_cast<std::uint32_t>(bytes.size())) {
+  explicit KORCompactText(std::string_view bytes) : _Length(LengthOf(bytes)) {
     char* target = _Bytes.data();
     if (IsOnHeap()) {
       target = new char[_Length];
@@ -33,6 +35,11 @@ class KORCompactText {
   std::string_view Bytes() const { return {IsOnHeap() ? OnHeap() : _Bytes.data(), _Length}; }
 
  private:
+  static std::uint32_t LengthOf(std::string_view bytes) {
+    if (bytes.size() > std::numeric_limits<std::uint32_t>::max()) throw std::length_error("a text of 4 GiB or more");
+    return static_cast<std::uint32_t>(bytes.size());
+  }
+
   bool IsOnHeap() const { return _Length > _Bytes.size(); }
   char* OnHeap() const {
     char* bytes;

@@ -2,9 +2,15 @@
 #include "platform/model/KORKeyedValues.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
+#include <cstddef>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "platform/base/KORStatus.h"
@@ -18,6 +24,7 @@ using StoredValue = std::variant<KORCompactText, double, int, unsigned char, KOR
 // Known keys by the hash of their name: a table with open addressing, 0 for a free place, else the key's number from 1.
 constexpr std::size_t PlaceCount = 256;
 static_assert(KORKnownKeys.size() * 4 < PlaceCount);
+static_assert(KORKnownKeys.size() <= 64, "a table marks its keys by the bits of one number");
 
 constexpr std::size_t PlaceOf(std::string_view key) {
   std::uint32_t hash = 2166136261u;  // FNV-1a, 32 bits
@@ -39,39 +46,13 @@ constexpr std::size_t LongestKnownKey =
     std::ranges::max(KORKnownKeys, {}, [](std::string_view key) { return key.size(); }).size();
 
 // Index of a known key; nothing for any other key.
-std::optional<std::uint8_t> FindKnownKey(std::string_view key) {
+std::optional<unsigned> FindKnownKey(std::string_view key) {
   if (key.size() > LongestKnownKey) return std::nullopt;
   for (std::size_t place = PlaceOf(key);; place = (place + 1) % PlaceCount) {
     const std::uint8_t number = KnownKeyPlaces[place];
     if (number == 0) return std::nullopt;
-    if (KORKnownKeys[number - 1u] == key) return static_cast<std::uint8_t>(number - 1);
+    if (KORKnownKeys[number - 1u] == key) return number - 1u;
   }
-}
-
-template <class Key>
-struct Entry {
-  StoredValue Value;
-  Key Name;
-};
-
-// Entries stand in the order of their keys.
-template <class Entries, class Key>
-auto Locate(Entries& entries, const Key& key) {
-  return std::lower_bound(entries.begin(), entries.end(), key,
-                          [](const auto& entry, const Key& wanted) { return entry.Name < wanted; });
-}
-
-template <class Key, class Wanted>
-const StoredValue* FindIn(const std::vector<Entry<Key>>& entries, const Wanted& key) {
-  const auto place = Locate(entries, key);
-  return place == entries.end() || place->Name != key ? nullptr : &place->Value;
-}
-
-template <class Key, class Wanted>
-StoredValue& PlaceIn(std::vector<Entry<Key>>& entries, const Wanted& key) {
-  auto place = Locate(entries, key);
-  if (place == entries.end() || place->Name != key) place = entries.insert(place, {StoredValue(), Key(key)});
-  return place->Value;
 }
 
 KORKeyedValues::View ViewOf(const StoredValue& value) {
@@ -95,18 +76,44 @@ long Read(const Value* found, Value& value) {
 
 }  // namespace
 
+// The values of the known keys stand one behind the other in the order of the keys: so a key is found by counting those
+// ahead of it, and a table takes little more room than its values.
 struct KORKeyedValues::Content {
-  std::vector<Entry<std::uint8_t>> Known;
-  std::vector<Entry<std::string>> Others;
+  std::uint64_t KnownKeys = 0;  // bit N: the key with the index N is set
+  std::vector<StoredValue> KnownValues;
+  std::map<std::string, StoredValue, std::less<>> OtherValues;
 
   const StoredValue* Find(std::string_view key) const {
-    const std::optional<std::uint8_t> known = FindKnownKey(key);
-    return known ? FindIn(Known, *known) : FindIn(Others, key);
+    if (const std::optional<unsigned> known = FindKnownKey(key)) {
+      return IsSet(*known) ? &KnownValues[PositionOf(*known)] : nullptr;
+    }
+    const auto found = OtherValues.find(key);
+    return found == OtherValues.end() ? nullptr : &found->second;
   }
 
   StoredValue& Place(std::string_view key) {
-    const std::optional<std::uint8_t> known = FindKnownKey(key);
-    return known ? PlaceIn(Known, *known) : PlaceIn(Others, key);
+    if (const std::optional<unsigned> known = FindKnownKey(key)) return PlaceKnown(*known);
+    const auto found = OtherValues.lower_bound(key);
+    if (found != OtherValues.end() && found->first == key) return found->second;
+    return OtherValues.emplace_hint(found, key, StoredValue())->second;
+  }
+
+  bool IsSet(unsigned known) const { return (KnownKeys >> known & 1u) != 0; }
+
+ private:
+  std::size_t PositionOf(unsigned known) const {
+    return static_cast<std::size_t>(std::popcount(KnownKeys & ((std::uint64_t{1} << known) - 1)));
+  }
+
+  StoredValue& PlaceKnown(unsigned known) {
+    const auto position = static_cast<std::ptrdiff_t>(PositionOf(known));
+    if (!IsSet(known)) {
+      // Grows by a few places at a time: there are very many tables, and each has few values.
+      if (KnownValues.size() == KnownValues.capacity()) KnownValues.reserve(KnownValues.size() + 8);
+      KnownValues.emplace(KnownValues.begin() + position);
+      KnownKeys |= std::uint64_t{1} << known;
+    }
+    return KnownValues[static_cast<std::size_t>(position)];
   }
 };
 
@@ -171,8 +178,11 @@ void KORKeyedValues::Set(std::string_view key, const KORBaseUnknown_var& value) 
 
 void KORKeyedValues::ForEach(const std::function<void(std::string_view key, const View& value)>& visit) const {
   if (_Content == nullptr) return;
-  for (const Entry<std::uint8_t>& entry : _Content->Known) visit(KORKnownKeys[entry.Name], ViewOf(entry.Value));
-  for (const Entry<std::string>& entry : _Content->Others) visit(entry.Name, ViewOf(entry.Value));
+  std::size_t position = 0;
+  for (unsigned known = 0; known < KORKnownKeys.size(); ++known) {
+    if (_Content->IsSet(known)) visit(KORKnownKeys[known], ViewOf(_Content->KnownValues[position++]));
+  }
+  for (const auto& [key, value] : _Content->OtherValues) visit(key, ViewOf(value));
 }
 
 std::optional<KORKeyedValues::View> KORKeyedValues::Look(std::string_view key) const {

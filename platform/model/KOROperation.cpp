@@ -55,7 +55,7 @@ long KOROperationReference::AddRepInstance(KORIAdpEnvironment* /*environment*/, 
 long KOROperationReference::RemoveRepInstance(PLMIRepInstance* instance) {
   if (const long fault = KORSession::Current().GetFault("RemoveRepInstance"); fault != S_OK) return fault;
   if (instance == nullptr) return E_INVALIDARG;
-  const auto found = std::ranges::find(_Instances, PLMIRepInstance_var(instance));
+  const auto found = std::find(_Instances.begin(), _Instances.end(), PLMIRepInstance_var(instance));
   if (found == _Instances.end()) return E_FAIL;
   _Instances.erase(found);
   return S_OK;

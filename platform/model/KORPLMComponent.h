@@ -23,7 +23,7 @@ class KORIPLMComponent : public KORInterface<KORIPLMComponent> {
   static constexpr const char* InterfaceName = "KORIPLMComponent";
 
   /// The identificator of the object, with a reference that the caller releases: the same one as long as the object
-  /// lives. S_OK.
+  /// lives; null on failure. S_OK.
   virtual long GetPLMIdentificator(KORIAdpPLMIdentificator*& identificator) = 0;
 };
 using KORIPLMComponent_var = KORHandle<KORIPLMComponent>;

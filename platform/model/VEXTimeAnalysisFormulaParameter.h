@@ -9,7 +9,10 @@ class KORPLATFORM_API KORParameterLink {
  public:
   KORParameterLink() = default;
   KORParameterLink(const KORParameterLink& /*other*/) {}
-  KORParameterLink& operator=(const KORParameterLink& /*other*/) { return *this; }
+  // The place in the ring stays.
+  KORParameterLink& operator=(const KORParameterLink& /*other*/) {  // NOLINT(bugprone-unhandled-self-assignment)
+    return *this;
+  }
 
  protected:
   ~KORParameterLink() { Leave(); }

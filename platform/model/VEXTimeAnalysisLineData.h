@@ -29,6 +29,8 @@ inline constexpr const char* KORFormulaParameterKey = "FormulaParameter";
 /// parameters that GetLine puts into a record, and those given to SetValue, belong to the record; it frees them at
 /// ClearFormulaAndParamters, when GetLine fills it anew, or at its end, whichever comes first. A parameter that is put
 /// into a second record belongs to that one. Pointers from GetValue stay the record's and live as long as they are its.
+/// A parameter may be deleted by hand; a record whose list still names one that is gone is only to be cleared, filled
+/// anew, given another list, or released, not to be copied or stored.
 class KORPLATFORM_API VEXTimeAnalysisLineData : public KORBaseUnknown {
  public:
   VEXTimeAnalysisLineData() = default;

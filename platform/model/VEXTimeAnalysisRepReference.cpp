@@ -1,6 +1,10 @@
 // A time analysis: attributes, lines, and the revision status remembered on it.
 #include "platform/model/VEXTimeAnalysisRepReference.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
 #include "platform/base/KORStatus.h"
 #include "platform/model/KORValueText.h"
 
@@ -16,10 +20,6 @@ void ListValues(const KORKeyedValues& table, KORListValKORUnicodeString& names, 
 }
 
 }  // namespace
-
-VEXTimeAnalysisRepReference::VEXTimeAnalysisRepReference(const KORUnicodeString& identifier) {
-  GetAttributes().Set("PLM_ExternalID", identifier);
-}
 
 // Attributes
 
@@ -66,8 +66,8 @@ long VEXTimeAnalysisRepReference::SetValue(const KORString& key, const KORUnicod
 
 // Lines
 
-const VEXTimeAnalysisLineData::Content* VEXTimeAnalysisRepReference::FindRow(std::int64_t row) const {
-  if (row < 1 || static_cast<std::uint64_t>(row) > _Rows.size()) return nullptr;
+const VEXTimeAnalysisLineData::Content* VEXTimeAnalysisRepReference::FindRow(int row) const {
+  if (row < 1 || static_cast<std::size_t>(row) > _Rows.size()) return nullptr;
   return &_Rows[static_cast<std::size_t>(row) - 1];
 }
 
@@ -112,15 +112,16 @@ long VEXTimeAnalysisRepReference::RemoveAllLines() {
 }
 
 long VEXTimeAnalysisRepReference::GetLines(int first, int count, KORRawCollPV& lines) {
-  for (int index = 0; index < count; ++index) {
-    const VEXTimeAnalysisLineData::Content* const stored = FindRow(std::int64_t{first} + index);
-    if (stored == nullptr) return E_INVALIDARG;
+  const std::int64_t end = std::int64_t{first} + count;
+  const std::int64_t last_row = std::min(end - 1, static_cast<std::int64_t>(_Rows.size()));
+  for (std::int64_t row = std::max(first, 1); row <= last_row; ++row) {
     auto record = KORHandle<VEXTimeAnalysisLineData>::Adopt(new VEXTimeAnalysisLineData);
-    record->SetContent(*stored);
+    record->SetContent(_Rows[static_cast<std::size_t>(row) - 1]);
     lines.Append(record.Get());
     record->AddRef();
   }
-  return count < 0 ? E_INVALIDARG : S_OK;
+  const bool inside = first >= 1 && end - 1 <= static_cast<std::int64_t>(_Rows.size());
+  return count == 0 || (count > 0 && inside) ? S_OK : E_INVALIDARG;
 }
 
 // Revision

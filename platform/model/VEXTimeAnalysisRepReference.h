@@ -1,11 +1,10 @@
 // A time analysis: attributes, lines, and the revision status remembered on it.
 #pragma once
 
-#include <cstdint>
 #include <vector>
 
 #include "platform/base/KORExport.h"
-#include "platform/model/KORPLMObject.h"
+#include "platform/model/KORRepReference.h"
 #include "platform/model/VEXITimeAnalysisLines.h"
 #include "platform/model/VEXITimeAnalysisProperties.h"
 #include "platform/model/VEXITimeAnalysisRepReference.h"
@@ -17,12 +16,10 @@
 /// keep each other alive until one of them loses its lines (RemoveAllLines); KORModel does so for the analyses that it
 /// made. One analysis serves one thread at a time.
 class KORPLATFORM_API VEXTimeAnalysisRepReference final
-    : public KORDerives<KORPLMObject, VEXITimeAnalysisRepReference, VEXITimeAnalysisLines, VEXITimeAnalysisProperties,
-                        VEXITimeAnalysisRevisionCache> {
+    : public KORDerives<KORRepReference, VEXITimeAnalysisRepReference, VEXITimeAnalysisLines,
+                        VEXITimeAnalysisProperties, VEXITimeAnalysisRevisionCache> {
  public:
-  VEXTimeAnalysisRepReference() = default;
-  /// An analysis with that "PLM_ExternalID".
-  explicit VEXTimeAnalysisRepReference(const KORUnicodeString& identifier);
+  using KORDerives::KORDerives;
 
   const char* GetComponentName() const override { return "PCCMemVEXTimeAnalysisRepReference"; }
 
@@ -50,7 +47,7 @@ class KORPLATFORM_API VEXTimeAnalysisRepReference final
   long SetRevisionStatus(int status) override;
 
  private:
-  const VEXTimeAnalysisLineData::Content* FindRow(std::int64_t row) const;
+  const VEXTimeAnalysisLineData::Content* FindRow(int row) const;
 
   std::vector<VEXTimeAnalysisLineData::Content> _Rows;
   int _RevisionStatus = 0;

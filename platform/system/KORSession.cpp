@@ -20,7 +20,20 @@ KORSession*& InnermostSession() {
 KORSession::KORSession() : _OperatingSystem(HostOperatingSystem) {
 }
 
-KORSession::~KORSession() = default;
+KORSession::~KORSession() {
+  const Scope scope(*this);
+  while (!_Parts.empty()) {
+    const OwnedPart last = std::move(_Parts.back().second);
+    _Parts.pop_back();
+  }
+}
+
+void* KORSession::FindPart(const std::type_info& part) const {
+  for (const auto& [type, owned] : _Parts) {
+    if (type == part) return owned.get();
+  }
+  return nullptr;
+}
 
 KORSession& KORSession::Current() {
   static KORSession process_session;

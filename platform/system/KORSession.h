@@ -1,10 +1,15 @@
-// What the platform calls process-wide, gathered in one object: environment, settings, recorder, operating system.
+// What the platform calls process-wide, gathered in one object: user, environment, settings, recorder, operating
+// system, and the parts that other rooms hang on it.
 #pragma once
 
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <typeindex>
+#include <typeinfo>
+#include <utility>
+#include <vector>
 
 #include "platform/base/KORExport.h"
 #include "platform/base/KORUnicodeString.h"
@@ -15,12 +20,17 @@
 ///
 /// The operations of platform/system work on the current session of the calling thread: the one of the innermost
 /// Scope on that thread, else the default session of the process. A fresh session starts with the environment of the
-/// process, with no settings repository, with a recorder at rest and with the code of the operating system that the
-/// library was built for. Distinct sessions may serve distinct threads at once; one session serves one thread at a
-/// time, and the default session is not to be changed while several threads use it.
+/// process, with nobody logged in, with no settings repository, with a recorder at rest, with the code of the operating
+/// system that the library was built for, and without parts. Nothing of a session is left behind at its end. Distinct
+/// sessions may serve distinct threads at once; one session serves one thread at a time, and the default session is not
+/// to be changed while several threads use it.
+///
+/// Parts. What a higher room keeps for a session is a class of its own, of which the session owns one object: the model
+/// (KORModel), the window and the store are such parts.
 class KORPLATFORM_API KORSession {
  public:
   KORSession();
+  /// Destroys the parts, the last one made first, while the session is the current one of the thread.
   ~KORSession();
   KORSession(const KORSession&) = delete;
   KORSession& operator=(const KORSession&) = delete;
@@ -38,6 +48,21 @@ class KORPLATFORM_API KORSession {
    private:
     KORSession* _Before;
   };
+
+  /// The session's part of that class, made by its default constructor when it is first asked for; owned by the
+  /// session. A part that asks for another one while it is made is destroyed ahead of that one.
+  template <class Part>
+  Part& GetPart() {
+    if (void* const made = FindPart(typeid(Part)); made != nullptr) return *static_cast<Part*>(made);
+    OwnedPart part(new Part, [](void* object) { delete static_cast<Part*>(object); });
+    Part& made = *static_cast<Part*>(part.get());
+    _Parts.emplace_back(typeid(Part), std::move(part));
+    return made;
+  }
+
+  /// The user who is logged in, in the form in which reservations name users; empty if nobody is.
+  const KORUnicodeString& GetCurrentUserId() const { return _CurrentUserId; }
+  void SetCurrentUserId(const KORUnicodeString& user) { _CurrentUserId = user; }
 
   /// Sets an environment variable of this session; the process's environment stays as it is.
   void SetEnvironment(const std::string& name, const KORUnicodeString& value);
@@ -59,16 +84,34 @@ class KORPLATFORM_API KORSession {
 
   /// Makes every later call of a platform operation in this session fail with `status`, by the operation's name, until
   /// ClearFaults. For tests of what callers do then. The operations that can fail so: "KORSysGetLocalDecimalChar",
-  /// "KORSplitPath", "KORListDirectory", "CreateKORIXMLDOMDocumentBuilder", "CreateKORIXMLSAX2Factory", "Parse".
+  /// "KORSplitPath", "KORListDirectory", "CreateKORIXMLDOMDocumentBuilder", "CreateKORIXMLSAX2Factory", "Parse",
+  /// "GetCurrentUserId", "GetPLMIdentificator", "GetResolutionSpace", "ResolveComponent", "GetRelatedInstance",
+  /// "GetInstanceReference", "ListRepInstances", "AddRepInstance", "RemoveRepInstance", "GetRepReference". Their out
+  /// arguments are left as on a failure of their own.
   void InjectFault(const std::string& operation, long status);
   void ClearFaults();
   /// The status with which the operation is to fail; S_OK if it is to do its work.
   long GetFault(const char* operation) const;
 
  private:
+  using OwnedPart = std::unique_ptr<void, void (*)(void*)>;
+
+  void* FindPart(const std::type_info& part) const;
+
+  KORUnicodeString _CurrentUserId;
   std::map<std::string, std::optional<KORUnicodeString>> _Environment;
   std::map<KORUnicodeString, std::unique_ptr<KORSettingRepository>> _Repositories;
   std::map<std::string, long, std::less<>> _Faults;
   KORRecord _Recorder;
   int _OperatingSystem;
+  std::vector<std::pair<std::type_index, OwnedPart>> _Parts;  // in the order in which they were made
+};
+
+/// A fresh session that is the current one of this thread for the life of this object.
+class KORFreshSession : public KORSession {
+ public:
+  KORFreshSession() : _Scope(*this) {}
+
+ private:
+  Scope _Scope;
 };
