@@ -62,16 +62,29 @@ struct LineFormula {
   std::string Signature =
       "distance : Length, pieces : Integer, out Time : Time, out Frequency : Real, out Description : String";
   std::string Body;
-
-  explicit LineFormula(int constant)
-      : Body(
-            "local reach = 0.12 + 0.36 * distance\n"
-            "if pieces > 4 then reach = reach * 1.15 end\n"
-            "Time = reach * pieces + " +
-            std::to_string(constant) +
-            "\n"
-            "Frequency = 2") {}
 };
+
+LineFormula ShortFormula(int constant) {
+  LineFormula formula;
+  formula.Body =
+      "local reach = 0.12 + 0.36 * distance\n"
+      "if pieces > 4 then reach = reach * 1.15 end\n"
+      "Time = reach * pieces + " +
+      std::to_string(constant) + "\nFrequency = 2";
+  return formula;
+}
+
+// The same result by classes of distance and number, a table such as a data card has.
+LineFormula LongFormula(int constant) {
+  LineFormula formula = ShortFormula(constant);
+  std::string classes;
+  for (int step = 9; step >= 1; --step) {
+    classes += "if distance > 0." + std::to_string(step) + "5 and pieces > " + std::to_string(4 * step) +
+               " then reach = reach * 1.0" + std::to_string(step) + " + 0.00" + std::to_string(step) + " end\n";
+  }
+  formula.Body.insert(formula.Body.find("if pieces"), classes);
+  return formula;
+}
 
 void AddFormula(const LineFormula& formula, VEXTimeAnalysisLineData& line) {
   struct Value {
@@ -100,11 +113,11 @@ constexpr int FormulaLineCount = 500;
 constexpr double FormulaLineTmu = 2 * (0.12 + 0.36 * 0.4) * 3 / 0.036;  // without its constant
 
 // An analysis whose lines have the formulas of the constants first, first + step, ...
-Analysis FormulaAnalysis(int first, int step) {
+Analysis FormulaAnalysis(LineFormula (*formula_of)(int), int first, int step) {
   Analysis analysis = NewAnalysis();
   for (int row = 1; row <= FormulaLineCount; ++row) {
     VEXTimeAnalysisLineData line = LineOf("F");
-    AddFormula(LineFormula(first + (row - 1) * step), line);
+    AddFormula(formula_of(first + (row - 1) * step), line);
     (void)analysis->SetLine(row, line);
   }
   return analysis;
@@ -115,18 +128,17 @@ void CountLines(benchmark::State& state) {
       benchmark::Counter(FormulaLineCount, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
-void KnownFormula(benchmark::State& state) {
-  const Analysis analysis = FormulaAnalysis(0, 0);
+void KnownFormula(benchmark::State& state, LineFormula (*formula_of)(int)) {
+  const Analysis analysis = FormulaAnalysis(formula_of, 0, 0);
   for (auto _ : state) Calculate(analysis, FormulaLineCount * FormulaLineTmu);
   CountLines(state);
 }
-BENCHMARK(KnownFormula)->Name("formula/again");
 
-void NewFormula(benchmark::State& state) {
+void NewFormula(benchmark::State& state, LineFormula (*formula_of)(int)) {
   static int next = 1;  // no constant is used twice
   for (auto _ : state) {
     state.PauseTiming();
-    const Analysis analysis = FormulaAnalysis(next, 1);
+    const Analysis analysis = FormulaAnalysis(formula_of, next, 1);
     const double constants = FormulaLineCount * (next + (FormulaLineCount - 1) / 2.0);
     next += FormulaLineCount;
     state.ResumeTiming();
@@ -134,14 +146,20 @@ void NewFormula(benchmark::State& state) {
   }
   CountLines(state);
 }
-BENCHMARK(NewFormula)->Name("formula/first");
+BENCHMARK_CAPTURE(KnownFormula, short, ShortFormula)->Name("short/again");
+BENCHMARK_CAPTURE(NewFormula, short, ShortFormula)->Name("short/first");
+BENCHMARK_CAPTURE(KnownFormula, long, LongFormula)->Name("long/again");
+BENCHMARK_CAPTURE(NewFormula, long, LongFormula)->Name("long/first");
 
 const std::vector<Goal> Goals{
     {"a plain line, in nanoseconds (1 million lines a second)", "plain/1000:line", "", Goal::Bound::AtMost, 1000.0,
      1e9},
     {"a plain line of 1,000,000 / of 10", "plain/1000000:line", "plain/10:line", Goal::Bound::AtMost, 1.5},
-    {"a formula line again / for the first time", "formula/again:line", "formula/first:line", Goal::Bound::AtMost, 0.1},
-    {"a formula line again, in nanoseconds (100,000 lines a second)", "formula/again:line", "", Goal::Bound::AtMost,
+    {"a line with a formula of 4 statements, again / for the first time", "short/again:line", "short/first:line",
+     Goal::Bound::AtMost, 0.1},
+    {"a line with a formula of 13 statements, again / for the first time", "long/again:line", "long/first:line",
+     Goal::Bound::AtMost, 0.1},
+    {"a formula line again, in nanoseconds (100,000 lines a second)", "short/again:line", "", Goal::Bound::AtMost,
      10'000.0, 1e9},
 };
 

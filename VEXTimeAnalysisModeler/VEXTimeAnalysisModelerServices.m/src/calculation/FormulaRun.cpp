@@ -1,6 +1,8 @@
 // One formula of a line on the knowledge engine.
 #include "calculation/FormulaRun.h"
 
+#include <algorithm>
+
 #include "platform/knowledge/KORCkeGlobalFunctions.h"
 
 namespace calculation {
@@ -34,13 +36,14 @@ KORICkeExpression_var ExpressionOf(const VEXTimeAnalysisFormulaParameter& formul
 std::optional<FormulaRun> RunFormula(const KORICkeExpression_var& expression, const KORICkeEvaluator_var& evaluator,
                                      const KORRawCollPV& parameters, int first) {
   const KORICkeParmFactory_var factory = KORCkeGlobalFunctions::GetVolatileFactory();
+  const KORICkeSignature_var signature = expression->GetSignature();
+  const int argument_count = std::min(signature->GetArgumentCount(), parameters.Size() - first + 1);
   FormulaRun run;
   evaluator->Reset();
-  int position = first;
-  for (const KORICkeArg_var& argument : expression->GetSignature()->GetArguments()) {
-    if (position > parameters.Size()) break;
-    const VEXTimeAnalysisFormulaParameter* const parameter = ParameterAt(parameters, position++);
+  for (int number = 1; number <= argument_count; ++number) {
+    const VEXTimeAnalysisFormulaParameter* const parameter = ParameterAt(parameters, first + number - 1);
     if (parameter == nullptr) return std::nullopt;
+    const KORICkeArg_var argument = signature->GetArgument(number);
     if (argument->GetName() == "Time") run.HasTimeArgument = true;
     const KORICkeParm_var value = ValueOf(*parameter, factory);
     (void)evaluator->AddValue(value);
