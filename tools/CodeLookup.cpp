@@ -9,6 +9,7 @@ namespace tool {
 namespace {
 
 constexpr int Decimals = 6;
+constexpr int DecimalsOfHours = 8;  // a thousandth of a TMU
 
 // The index of the entry that matched last stands until the next match; an empty code sets it back.
 void ForgetLastMatch(VEXSTMTimeAnalysisDlgServices& service) {
@@ -24,6 +25,8 @@ double SecondsOf(DisplayUnit unit) {
   switch (unit) {
     case DisplayUnit::Minutes:
       return 60.0;
+    case DisplayUnit::Hours:
+      return 3600.0;
     case DisplayUnit::Mod:
       return 0.129;
     case DisplayUnit::Seconds:
@@ -65,7 +68,7 @@ bool IsKnownCode(VEXSTMTimeAnalysisDlgServices& service, std::string_view code) 
 double TimeInUnit(const VEXSTMTimeAnalysisDlgServices& service, double tmu, DisplayUnit unit) {
   const double plain = tmu / service.ConvertFromSecToTmu(1.0) / SecondsOf(unit);
   if (!(std::fabs(plain) < static_cast<double>(std::numeric_limits<int>::max()))) return plain;
-  return service.UnitConvertor(tmu, static_cast<int>(unit), Decimals);
+  return service.UnitConvertor(tmu, static_cast<int>(unit), unit == DisplayUnit::Hours ? DecimalsOfHours : Decimals);
 }
 
 }  // namespace tool

@@ -31,10 +31,10 @@ CodeAnswer LookUpCode(VEXSTMTimeAnalysisDlgServices& service, std::string_view c
 bool IsKnownCode(VEXSTMTimeAnalysisDlgServices& service, std::string_view code);
 
 /// Units in which the tool shows times: codes of VEXSTMTimeAnalysisDlgServices::UnitConvertor.
-enum class DisplayUnit : int { Seconds = 0, Minutes = 1, Mod = 14 };
+enum class DisplayUnit : int { Seconds = 0, Minutes = 1, Hours = 2, Mod = 14 };
 
-/// TMU in another unit by the service's conversion, to 6 decimals as stored times have them. What the rounding cannot
-/// carry, beyond 32 bits before the point or no number, is converted and not rounded.
+/// TMU in another unit by the service's conversion, to 6 decimals as stored times have them, hours to 8. What the
+/// rounding cannot carry, beyond 32 bits before the point or no number, is converted and not rounded.
 double TimeInUnit(const VEXSTMTimeAnalysisDlgServices& service, double tmu, DisplayUnit unit);
 
 }  // namespace tool

@@ -8,6 +8,7 @@
 #include "tools/Messages.h"
 #include "tools/Systems.h"
 #include "tools/UsageFault.h"
+#include "tools/analysis/AnalysisMessages.h"
 
 namespace tool {
 
@@ -30,6 +31,14 @@ stands only at the start of a formula, a parenthesis or an argument.
 
 Status: 0 evaluated; -1 division by zero; -2 unknown character or failed name;
 above 0 a syntax error, the place just behind the last token read.
+)"};
+
+constexpr HelpText CalcHelp{"Computes analyses from CSV files: lines, times and totals",
+                            R"(A file holds one analysis: a header row that names its columns (code, frequency,
+time type, description, time, seconds, system, reuse, signature, body, values,
+value added, additional description, picture), and one row for each line.
+"# system: MTM1" ahead of the header names its system. Of a folder all files
+whose names end in ".csv" are computed, those in its folders too.
 )"};
 
 constexpr HelpText CodeHelp{"Looks codes up in the catalogue of a motion-time system",
@@ -113,6 +122,7 @@ CLI::App* AddCommand(CLI::App& parent, const char* name, const HelpText& help) {
 
 // The commands under the program's name; what is chosen is told by got_subcommand.
 struct Commands {
+  CLI::App* Calc;
   CLI::App* Eval;
   CLI::App* Code;
   CLI::App* Norm;
@@ -131,6 +141,20 @@ CLI::App* AddCatalogueCommand(CLI::App& parent, CommandLine& line, std::string& 
   return command;
 }
 
+CLI::App* AddCalcCommand(CLI::App& app, CommandLine& line) {
+  CLI::App* command = AddCommand(app, "calc", CalcHelp);
+  AddTexts(*command, line, "FILE", "Files of analyses, and folders of such files");
+  command->add_option("--system", line.System, "Motion-time system of analyses that name none")->type_name("SYSTEM");
+  command->add_option("--unit", line.Unit, "Unit of the times: tmu (unless given), s, min, h or mod (0.129 s)")
+      ->type_name("UNIT")
+      ->check(CLI::IsMember({"tmu", "s", "min", "h", "mod"}));
+  command->add_option("--model", line.Model, "Folder up to which reused analyses are looked for")->type_name("FOLDER");
+  AddCatalogueOptions(*command, line);
+  command->add_flag("--csv", line.Csv, "Comma-separated values, a row for each line and each total");
+  AddJson(*command, line);
+  return command;
+}
+
 Commands AddCommands(CLI::App& app, CommandLine& line, std::string& folder) {
   Commands commands{};
   commands.Eval = AddCommand(app, "eval", EvalHelp);
@@ -145,6 +169,8 @@ Commands AddCommands(CLI::App& app, CommandLine& line, std::string& folder) {
       ->type_name("UNIT")
       ->check(CLI::IsMember({"tmu", "s", "min", "mod"}));
   AddCatalogueOptions(*commands.Code, line);
+
+  commands.Calc = AddCalcCommand(app, line);
 
   commands.Norm = AddCommand(app, "norm", NormHelp);
   AddSystem(*commands.Norm, line);
@@ -172,6 +198,7 @@ Commands AddCommands(CLI::App& app, CommandLine& line, std::string& folder) {
 }
 
 Command Chosen(const Commands& commands) {
+  if (commands.Calc->parsed()) return Command::Calc;
   if (commands.Code->parsed()) return Command::Code;
   if (commands.Norm->parsed()) return Command::Norm;
   if (commands.Pattern->parsed()) return Command::Pattern;
@@ -190,6 +217,7 @@ void TakeTextsFromInput(CommandLine& line, const std::string& command) {
     throw WrongUsage("a pattern and at least one code are missing", command);
   }
   if (std::find(line.Texts.begin(), line.Texts.end(), "-") == line.Texts.end()) return;
+  if (line.Chosen == Command::Calc) throw DashIsNoFile(command);
   if (line.Texts.size() > 1) throw DashNotAlone(command);
   line.FromInput = true;
   line.Texts.clear();
@@ -199,7 +227,7 @@ void TakeTextsFromInput(CommandLine& line, const std::string& command) {
 void RefuseEmptyValues(const CLI::App& app) {
   const CLI::App* command = &app;
   while (!command->get_subcommands().empty()) command = command->get_subcommands().front();
-  for (const char* name : {"--catalogue", "--settings", "--frequency", "FOLDER", "SYSTEM", "--system"}) {
+  for (const char* name : {"--catalogue", "--settings", "--frequency", "--model", "FOLDER", "SYSTEM", "--system"}) {
     const CLI::Option* option = command->get_option_no_throw(name);
     if (option == nullptr || option->count() == 0) continue;
     std::string value = option->results().front();
@@ -209,11 +237,13 @@ void RefuseEmptyValues(const CLI::App& app) {
 }
 
 void FinishCommandLine(CommandLine& line, std::string& folder, const std::string& command) {
-  for (std::string* text : {&line.Catalogue, &line.Settings, &line.System, &line.Pattern, &line.Frequency, &folder}) {
+  for (std::string* text :
+       {&line.Catalogue, &line.Settings, &line.System, &line.Model, &line.Pattern, &line.Frequency, &folder}) {
     Unshield(*text);
   }
   for (std::string& text : line.Texts) Unshield(text);
   TakeTextsFromInput(line, command);
+  if (line.Json && line.Csv) throw TwoForms(command);
   if (!line.System.empty() && line.System != "-") RequireSystem(line.System);
   if (!folder.empty() && !line.Catalogue.empty() && folder != line.Catalogue) {
     throw TwoCatalogueFolders(folder, line.Catalogue);

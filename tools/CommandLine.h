@@ -7,19 +7,21 @@
 
 namespace tool {
 
-enum class Command { Eval, Code, Norm, Pattern, CatalogueList, CatalogueCheck };
+enum class Command { Calc, Eval, Code, Norm, Pattern, CatalogueList, CatalogueCheck };
 
 struct CommandLine {
   Command Chosen = Command::Eval;
   std::optional<std::string> Information;  // the text that --help or --version asks for, instead of a command
   bool Json = false;
+  bool Csv = false;                // --csv
   std::string Catalogue;           // --catalogue, and the folder of "catalogue list" and "catalogue check"
   std::string Settings;            // --settings
   std::string System;              // empty: none
   std::string Pattern;             // of "pattern"
-  std::vector<std::string> Texts;  // formulas, codes or norm texts
+  std::vector<std::string> Texts;  // formulas, codes, norm texts, or files and folders of analyses
   bool FromInput = false;          // the texts, or all of "pattern", stand on standard input
-  std::string Unit;                // --unit: "tmu", "s", "min" or "mod"; empty: TMU and seconds
+  std::string Unit;                // --unit: "tmu", "s", "min", "h" or "mod"; empty: TMU, of "code" and seconds
+  std::string Model;               // --model: the folder up to which reused analyses are looked for
   std::string Frequency = "1";     // --frequency
   std::string To;                  // --to: "code" or "norm"; empty: by the look of the text
 };

@@ -7,6 +7,7 @@
 
 namespace tool {
 
+void RunCalc(const CommandLine& line, const Surroundings& surroundings, Answers& answers);
 void RunEval(const CommandLine& line, const Surroundings& surroundings, Answers& answers);
 void RunCode(const CommandLine& line, const Surroundings& surroundings, Answers& answers);
 void RunNorm(const CommandLine& line, const Surroundings& surroundings, Answers& answers);

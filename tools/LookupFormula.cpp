@@ -104,7 +104,7 @@ class FormulaGathering {
 LookupFormula EvaluateLookupFormula(VEXSTMTimeAnalysisDlgServices& service, std::string_view code, int entry) {
   const KORUnicodeString formula = FormulaGathering(service, code, entry).Gather();
   LookupFormula evaluated;
-  service.GetTimeFromFormula(formula, evaluated.Status);
+  evaluated.Value = service.GetTimeFromFormula(formula, evaluated.Status);
   evaluated.Text = formula.Bytes();
   return evaluated;
 }

@@ -9,8 +9,9 @@
 namespace tool {
 
 struct LookupFormula {
-  std::string Text;  // numbers filled in, times of options added
-  int Status = 0;    // of its evaluation
+  std::string Text;    // numbers filled in, times of options added
+  int Status = 0;      // of its evaluation
+  double Value = 0.0;  // in the unit of the entry file
 };
 
 /// Puts the formula of a code together as its lookup did, and evaluates it. `entry` (from 0) is the one that answered.

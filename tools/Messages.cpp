@@ -29,13 +29,6 @@ std::string At(std::size_t line) {
   return line == 0 ? std::string() : "standard input, line " + std::to_string(line) + ": ";
 }
 
-std::string Printable(std::string_view text) {
-  std::string printable(text);
-  std::replace_if(
-      printable.begin(), printable.end(), [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; }, ' ');
-  return printable;
-}
-
 template <class Texts>
 std::string Joined(const Texts& texts) {
   std::string joined;
@@ -84,6 +77,13 @@ std::string FormulaCause(int status) {
 }
 
 }  // namespace
+
+std::string Printable(std::string_view text) {
+  std::string printable(text);
+  std::replace_if(
+      printable.begin(), printable.end(), [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; }, ' ');
+  return printable;
+}
 
 std::string Excerpt(std::string_view text) {
   const KORUnicodeString whole(text);

@@ -79,5 +79,7 @@ Failure CodeNotInLookupForm(std::string_view code, const std::string& lookup_for
 
 /// A text cut to what a message can hold, its control characters made visible as blanks.
 std::string Excerpt(std::string_view text);
+/// A whole text with its control characters made visible as blanks.
+std::string Printable(std::string_view text);
 
 }  // namespace tool

@@ -14,4 +14,12 @@ std::string NumberText(double number) {
   return {text.data(), end};
 }
 
+std::string PlainNumberText(double number) {
+  constexpr double largest = 1e15;
+  if (!(std::fabs(number) < largest)) return NumberText(number);
+  std::array<char, 400> text{};  // the smallest number has more than 300 digits
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed).ptr;
+  return {text.data(), end};
+}
+
 }  // namespace tool

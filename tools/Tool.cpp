@@ -19,6 +19,8 @@ void RunCommand(const CommandLine& line, const Surroundings& surroundings, Answe
   switch (line.Chosen) {
     case Command::Eval:
       return RunEval(line, surroundings, answers);
+    case Command::Calc:
+      return RunCalc(line, surroundings, answers);
     case Command::Code:
       return RunCode(line, surroundings, answers);
     case Command::Norm:

@@ -1,0 +1,115 @@
+// An analysis as JSON and as comma-separated values, for other programs.
+#include <ostream>
+
+#include "tools/JsonLine.h"
+#include "tools/NumberText.h"
+#include "tools/analysis/CalcReport.h"
+
+namespace tool {
+
+namespace {
+
+constexpr std::string_view CsvHeader =
+    "file,identifier,kind,line,code,description,time type,frequency,time,total,unit,state\n";
+
+std::string_view NameOf(RowState state) {
+  switch (state) {
+    case RowState::Counted:
+      return "counted";
+    case RowState::Outside:
+      return "outside";
+    case RowState::Text:
+      return "text";
+    case RowState::Flawed:
+      break;
+  }
+  return "flawed";
+}
+
+nlohmann::ordered_json TimeJson(const std::optional<double>& tmu, const VEXSTMTimeAnalysisDlgServices& services) {
+  if (!tmu) return nullptr;
+  nlohmann::ordered_json time;
+  time["tmu"] = JsonNumber(ResultUnit(services, "tmu").Convert(*tmu));
+  time["seconds"] = JsonNumber(ResultUnit(services, "s").Convert(*tmu));
+  return time;
+}
+
+nlohmann::ordered_json LineJson(const ResultLine& line, const VEXSTMTimeAnalysisDlgServices& services) {
+  nlohmann::ordered_json json;
+  json["line"] = line.FileLine;
+  json["code"] = line.Code;
+  json["description"] = line.Description;
+  json["timeType"] = line.TimeType;
+  json["frequency"] = line.Frequency ? JsonNumber(*line.Frequency) : nlohmann::ordered_json(nullptr);
+  json["time"] = TimeJson(line.Tmu, services);
+  json["total"] = TimeJson(line.TotalTmu, services);
+  json["reuse"] = line.Reused;
+  json["valueAdded"] = line.ValueAdded;
+  json["additionalDescription"] = line.AdditionalDescription;
+  json["picture"] = line.Picture;
+  json["state"] = NameOf(line.State);
+  return json;
+}
+
+// field: quoted if it would be read as more than one, or begins like a comment or with a blank.
+std::string CsvField(std::string_view text) {
+  const bool plain = text.find_first_of(",;\t\"\r\n") == std::string_view::npos && !text.starts_with('#');
+  if (plain) return std::string(text);
+  std::string quoted = "\"";
+  for (const char character : text) {
+    if (character == '"') quoted += '"';
+    quoted += character;
+  }
+  return quoted + "\"";
+}
+
+std::string CsvNumber(const std::optional<double>& number) {
+  return number ? PlainNumberText(*number) : std::string();
+}
+
+std::string CsvTime(const ResultUnit& unit, const std::optional<double>& tmu) {
+  return tmu ? PlainNumberText(unit.Convert(*tmu)) : std::string();
+}
+
+}  // namespace
+
+void WriteResultJson(std::ostream& output, const AnalysisResult& result,
+                     const VEXSTMTimeAnalysisDlgServices& services) {
+  nlohmann::ordered_json lines = nlohmann::ordered_json::array();
+  for (const ResultLine& line : result.Lines) lines.push_back(LineJson(line, services));
+  nlohmann::ordered_json totals;
+  for (std::size_t index = 0; index < TotalNames.size(); ++index) {
+    totals[std::string(TotalNames[index])] = TimeJson(result.TotalsTmu[index], services);
+  }
+  nlohmann::ordered_json json;
+  json["file"] = result.Path;
+  json["identifier"] = result.Identifier;
+  json["name"] = result.Name;
+  json["description"] = result.Description;
+  json["system"] = result.System;
+  json["complete"] = result.IsComplete;
+  json["lines"] = std::move(lines);
+  json["totals"] = std::move(totals);
+  WriteJsonLine(output, json);
+}
+
+void WriteCsvHeader(std::ostream& output) {
+  output << CsvHeader;
+}
+
+void WriteResultCsv(std::ostream& output, const AnalysisResult& result, const ResultUnit& unit) {
+  const std::string head = CsvField(result.Path) + "," + CsvField(result.Identifier) + ",";
+  const std::string tail = "," + std::string(unit.GetName()) + ",";
+  for (const ResultLine& line : result.Lines) {
+    output << head << "line," << line.FileLine << ',' << CsvField(line.Code) << ',' << CsvField(line.Description) << ','
+           << CsvField(line.TimeType) << ',' << CsvNumber(line.Frequency) << ',' << CsvTime(unit, line.Tmu) << ','
+           << CsvTime(unit, line.TotalTmu) << tail << NameOf(line.State) << '\n';
+  }
+  for (std::size_t index = 0; index < TotalNames.size(); ++index) {
+    output << head << TotalNames[index] << ",,,," << TotalTimeTypes[index] << ",,,"
+           << PlainNumberText(unit.Convert(result.TotalsTmu[index])) << tail
+           << (result.IsComplete ? "complete" : "incomplete") << '\n';
+  }
+}
+
+}  // namespace tool

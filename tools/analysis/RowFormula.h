@@ -1,0 +1,45 @@
+// The formulas of a row: its own, from the columns signature, body and values, and those of what it reuses.
+//
+//   values = [ value { ";" value } ]
+//   value  = name "=" anything but ";"
+//
+// A value belongs to the argument of that name of the row's own formula; if that has none, to all arguments of that
+// name of the formulas carried up from the reused analysis. An input needs a value; an output may have one, with which
+// it starts. An output without one starts with 0 or an empty text, "Frequency" with -1, which leaves the frequency
+// alone.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "platform/model/VEXTimeAnalysisFormulaParameter.h"
+#include "tools/analysis/AnalysisMessages.h"
+
+namespace tool {
+
+/// The cells of a row that make its formula.
+struct FormulaCells {
+  std::string_view Signature;
+  std::string_view Body;
+  std::string_view Values;
+};
+
+/// Who owns a formula: an analysis, and the row in it.
+struct FormulaOwner {
+  KORUnicodeString Identifier;
+  int Row = 0;
+};
+
+struct RowFormula {
+  std::vector<VEXTimeAnalysisFormulaParameter> Parameters;  // carried ones first, the row's own behind them
+  bool HasOwnTime = false;                                  // the row's own formula has an output "Time"
+  bool ChangesCarried = false;                              // a value of the row replaces one of the reused analysis
+  std::vector<PlacedFailure> Problems;                      // with any of them the row has no time
+};
+
+/// Reads the formula of a row and tries every formula that its values act on. `carried` are the parameters of the
+/// reused analysis.
+RowFormula ReadRowFormula(const FilePlace& place, const FormulaCells& cells, const FormulaOwner& owner,
+                          std::vector<VEXTimeAnalysisFormulaParameter> carried);
+
+}  // namespace tool
