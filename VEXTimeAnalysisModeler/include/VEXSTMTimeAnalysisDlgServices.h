@@ -254,9 +254,8 @@ class VEXTIMEANALYSISMODELER_API VEXSTMTimeAnalysisDlgServices : public KORBaseU
   /// Looks a typed code up in the entry table of the current system.
   ///
   /// code         [in, out] changed to upper case in place
-  /// time         [out] time in the unit of the entry file, printed with six significant digits; "0" for an unknown
-  /// code,
-  ///              "0.0" for a code whose formula is "0"
+  /// time         [out] time in the unit of the entry file, printed with six significant digits; "0" for a code that
+  ///              is not known, "0.0" for one whose formula is "0"
   /// description, time_type, frequency  [out] of the last entry that matches; untouched if none does
   ///
   /// An empty code writes nothing. Otherwise GetTACodeID tells whether an entry matched: it is empty if none did, or
@@ -337,14 +336,14 @@ class VEXTIMEANALYSISMODELER_API VEXSTMTimeAnalysisDlgServices : public KORBaseU
 
   /// Evaluates the formulas of a line with the values of its parameters.
   ///
-  /// parameters       VEXTimeAnalysisFormulaParameter records or null, as under "FormulaParameter"; they stay as they
-  /// are analysis_id      identifier of the analysis that holds the line reused_analysis  the analysis that the line
-  /// reuses; null for a formula of the line's own frequency        [in, out] changed only by a formula of the line's
-  /// own analysis with an output "Frequency" other
-  ///                  than -1
-  /// description      [in, out] changed only by such a formula with an output "Description" that is not empty
+  /// parameters       VEXTimeAnalysisFormulaParameter records or null, as under "FormulaParameter"; none is changed
+  /// analysis_id      identifier of the analysis that holds the line
+  /// reused_analysis  the analysis that the line reuses; null for a formula of the line's own
+  /// frequency        [in, out] changed only by a formula of the line's own analysis, to its output "Frequency" if
+  ///                  that is not -1
+  /// description      [in, out] changed only by such a formula, to its output "Description" if that is not empty
   /// Returns          the time of the line for one occurrence, in seconds. 0.0 also for an empty list, and as soon as a
-  ///                  formula is not valid.
+  ///                  formula is not valid or one of its parameters is null.
   ///
   /// A formula of the line's own analysis counts with its time alone. One of a reused analysis counts with its time by
   /// its frequency, together with the plain lines of that analysis; where its time or frequency is left open (at most

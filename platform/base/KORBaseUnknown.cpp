@@ -90,6 +90,6 @@ void* KORBaseUnknown::FindInterface(const KORUuid& interface_id) {
 }
 
 const KORMetaClass* KORBaseUnknown::MetaObject() {
-  static constexpr KORMetaClass Description{"KORBaseUnknown", {}, nullptr};
+  static constexpr KORMetaClass Description{"KORBaseUnknown", KORUuid::OfName("KORBaseUnknown"), nullptr};
   return &Description;
 }

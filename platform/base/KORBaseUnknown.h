@@ -53,9 +53,9 @@ class KORPLATFORM_API KORBaseUnknown {
 
   /// Description of the object's class; owned by the class.
   virtual const KORMetaClass* GetMetaObject() const { return MetaObject(); }
-  /// Name of the object's class.
+  /// Name of the object's class; that of its nearest base with a name if the class has none of its own.
   virtual const char* IsA() const { return GetMetaObject()->Name; }
-  /// 1 if the object's class is called `name` or derives from the one that is, else 0.
+  /// 1 if that class is called `name` or derives from the one that is, else 0.
   virtual int IsAKindOf(const char* name) const { return GetMetaObject()->IsAKindOf(name) ? 1 : 0; }
 
   static const char* ClassName() { return MetaObject()->Name; }

@@ -24,7 +24,6 @@ class KORList {
 
   /// Appends the entries of `other`, in order.
   void Append(const KORList& other) {
-    _Values.reserve(_Values.size() + other._Values.size());
     for (std::size_t index = 0, count = other._Values.size(); index < count; ++index) {
       _Values.push_back(other._Values[index]);
     }
@@ -33,9 +32,10 @@ class KORList {
   Value& operator[](int position) { return _Values[IndexOf(position)]; }
   const Value& operator[](int position) const { return _Values[IndexOf(position)]; }
 
-  /// The first position, not before `from`, that holds a value equal to `value`; 0 if there is none.
+  /// The first position, not before `from`, that holds a value equal to `value`; 0 if there is none. A `from` ahead of
+  /// the list stands for 1.
   int Locate(const Value& value, int from = 1) const {
-    const auto start = _Values.begin() + std::clamp(from - 1, 0, Size());
+    const auto start = _Values.begin() + std::min(std::max(from, 1) - 1, Size());
     const auto found = std::find(start, _Values.end(), value);
     return found == _Values.end() ? 0 : static_cast<int>(found - _Values.begin()) + 1;
   }

@@ -80,8 +80,10 @@ class KORPLATFORM_API KORUnicodeString {
     return left;
   }
   friend bool operator==(const KORUnicodeString&, const KORUnicodeString&) = default;
-  /// With an ASCII literal, without making a text of it.
-  friend bool operator==(const KORUnicodeString& left, const char* right) { return left.Bytes() == right; }
+  /// With an ASCII literal, without making a text of it; a null pointer stands for the empty text.
+  friend bool operator==(const KORUnicodeString& left, const char* right) {
+    return right == nullptr ? left.IsEmpty() : left.Bytes() == right;
+  }
   /// Order of the UTF-8 bytes, which is the order of the code points.
   friend std::strong_ordering operator<=>(const KORUnicodeString&, const KORUnicodeString&) = default;
 

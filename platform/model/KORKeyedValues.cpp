@@ -15,7 +15,7 @@
 
 #include "platform/base/KORStatus.h"
 #include "platform/model/KORCompactText.h"
-#include "platform/model/KORLineKeys.h"
+#include "platform/model/KORKnownKeys.h"
 
 namespace {
 

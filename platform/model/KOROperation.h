@@ -4,6 +4,7 @@
 // its representation instances, and these their representation references.
 #pragma once
 
+#include <utility>
 #include <vector>
 
 #include "platform/base/KORExport.h"
@@ -36,8 +37,13 @@ class KORPLATFORM_API KOROperationReference final
                       int reserved) override;
   long RemoveRepInstance(PLMIRepInstance* instance) override;
 
+  /// Whether the operation may be changed by the user; true for a new one. The record itself takes every change.
+  bool IsEditable() const { return _Editable; }
+  void SetEditable(bool editable) { _Editable = editable; }
+
  private:
   std::vector<KORHandle<KORRepInstance>> _Instances;
+  bool _Editable = true;
 };
 
 /// An operation instance.

@@ -1,6 +1,9 @@
 // What all objects of the product structure share: an identificator, attributes and a reservation.
 #include "platform/model/KORPLMObject.h"
 
+#include <optional>
+#include <utility>
+
 #include "platform/base/KORStatus.h"
 #include "platform/model/KORValueText.h"
 #include "platform/system/KORSession.h"

@@ -19,7 +19,7 @@
 inline constexpr const char* KORFormulaParameterKey = "FormulaParameter";
 
 /// One line of a time analysis: values by key, filled by VEXITimeAnalysisLines::GetLine and stored by SetLine. The keys
-/// of the model stand in KORLineKeys.h; any other key is taken as well and given back unchanged.
+/// of the model stand in KORKnownKeys.h; any other key is taken as well and given back unchanged.
 ///
 /// A record is a local variable, or stands on the heap with one reference. It shares its values with the row that it
 /// was read from until either is changed, so that reading a line and storing it costs no copy. A record serves one

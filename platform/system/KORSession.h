@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/base/KORError.h"
 #include "platform/base/KORExport.h"
 #include "platform/base/KORUnicodeString.h"
 #include "platform/system/KORRecord.h"
@@ -25,8 +26,8 @@
 /// sessions may serve distinct threads at once; one session serves one thread at a time, and the default session is not
 /// to be changed while several threads use it.
 ///
-/// Parts. What a higher room keeps for a session is a class of its own, of which the session owns one object: the model
-/// (KORModel), the window and the store are such parts.
+/// Parts. What a higher room keeps for a session, as its model (KORModel), is a class of its own, of which the session
+/// owns one object.
 class KORPLATFORM_API KORSession {
  public:
   KORSession();
@@ -107,10 +108,11 @@ class KORPLATFORM_API KORSession {
   std::vector<std::pair<std::type_index, OwnedPart>> _Parts;  // in the order in which they were made
 };
 
-/// A fresh session that is the current one of this thread for the life of this object.
+/// A fresh session that is the current one of this thread for the life of this object. It starts without an error left
+/// on the thread (KORError::KORGetLastError).
 class KORFreshSession : public KORSession {
  public:
-  KORFreshSession() : _Scope(*this) {}
+  KORFreshSession() : _Scope(*this) { KORError::ClearLastError(); }
 
  private:
   Scope _Scope;

@@ -33,30 +33,6 @@ struct ModelRow {
   RandomAnalysisOptions options;
 };
 
-RandomAnalysisOptions Choice(bool cycles, bool odd_numbers, bool magnitudes, bool bars, bool missing_interfaces) {
-  RandomAnalysisOptions options;
-  options.cycles = cycles;
-  options.odd_numbers = odd_numbers;
-  options.unknown_magnitudes = magnitudes;
-  options.barred_identifiers = bars;
-  options.missing_interfaces = missing_interfaces;
-  return options;
-}
-
-RandomAnalysisOptions Clean() {
-  RandomAnalysisOptions options;
-  options.wrong_types = false;
-  options.broken_formulas = false;
-  return options;
-}
-
-RandomAnalysisOptions Large() {
-  RandomAnalysisOptions options = Choice(false, false, true, false, false);
-  options.most_analyses = 10;
-  options.most_lines = 30;
-  return options;
-}
-
 // What an operation gave: that, or the null-handle error.
 template <class Value>
 struct Outcome {
@@ -253,14 +229,22 @@ TEST_P(CalculationDifferentialTest, AgreesWithThePlainCalculation) {
 
 INSTANTIATE_TEST_SUITE_P(
     Models, CalculationDifferentialTest,
-    testing::Values(ModelRow{"WellFormed", 301, 200, Clean()}, ModelRow{"AsTheyCome", 302, 250, {}},
-                    ModelRow{"Large", 303, 20, Large()},
-                    ModelRow{"Cycles", 304, 150, Choice(true, false, false, false, false)},
-                    ModelRow{"OddNumbers", 305, 150, Choice(false, true, false, false, false)},
-                    ModelRow{"UnknownMagnitudes", 306, 100, Choice(false, false, true, false, false)},
-                    ModelRow{"BarredIdentifiers", 307, 100, Choice(false, false, false, true, false)},
-                    ModelRow{"MissingInterfaces", 308, 150, Choice(false, false, false, false, true)},
-                    ModelRow{"All", 309, 250, Choice(true, true, true, true, true)}),
+    testing::Values(ModelRow{"WellFormed", 301, 200, {.wrong_types = false, .broken_formulas = false}},
+                    ModelRow{"AsTheyCome", 302, 250, {}},
+                    ModelRow{"Large", 303, 20, {.most_analyses = 10, .most_lines = 30}},
+                    ModelRow{"Cycles", 304, 150, {.cycles = true}},
+                    ModelRow{"OddNumbers", 305, 150, {.odd_numbers = true}},
+                    ModelRow{"UnknownMagnitudes", 306, 100, {.unknown_magnitudes = true}},
+                    ModelRow{"BarredIdentifiers", 307, 100, {.barred_identifiers = true}},
+                    ModelRow{"MissingInterfaces", 308, 150, {.missing_interfaces = true}},
+                    ModelRow{"All",
+                             309,
+                             250,
+                             {.cycles = true,
+                              .odd_numbers = true,
+                              .unknown_magnitudes = true,
+                              .barred_identifiers = true,
+                              .missing_interfaces = true}}),
     support::RowName());
 
 }  // namespace

@@ -75,7 +75,6 @@ TEST(LineFormulaTest, AnOwnFormulaWithoutTimeHasNone) {
 }
 
 TEST(LineFormulaTest, AnOwnTimeBelowZeroStays) {
-  const auto own = MakeAnalysis("A", {Plain(5.0)});
   EXPECT_EQ(TimeOfFormulas(TimeFormula("A", "1", "-3")), -3.0);
   EXPECT_EQ(TimeOfFormulas(TimeFormula("A", "1", "0")), 0.0);
 }

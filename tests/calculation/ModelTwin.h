@@ -11,13 +11,9 @@
 #include "tests/oracle/CalculationOracle.h"
 #include "tests/support/AnalysisBuilder.h"
 #include "tests/support/RandomAnalysis.h"
+#include "tests/support/ServiceTest.h"
 
 namespace calculationtest {
-
-/// A text as it stands, or nothing.
-inline std::string PlainText(const KORUnicodeString& text) {
-  return std::string(text.Bytes());
-}
 
 /// The real analyses of a model, in its order. Analyses that lack interfaces are shells. The model lives longer.
 class ModelTwin {
@@ -57,7 +53,7 @@ class ModelTwin {
     KORListValKORUnicodeString names, texts;
     (void)Inside(index).GetAllValues(names, texts);
     for (const KORUnicodeString& name : names) {
-      analysis.attributes[PlainText(name)] = *ValueOf(Inside(index), PlainText(name).c_str());
+      analysis.attributes[support::Text(name)] = *ValueOf(Inside(index), support::Text(name).c_str());
     }
     analysis.identifier = std::get<std::string>(analysis.attributes.at("PLM_ExternalID"));
     analysis.attributes.erase("PLM_ExternalID");
@@ -125,7 +121,7 @@ class ModelTwin {
   // The value of a key under whichever type it is set; nothing for an object.
   template <class Holder>
   static std::optional<oracle::KeyValue> ValueOf(Holder& holder, const char* key) {
-    if (const auto text = support::Read<KORUnicodeString>(holder, key)) return PlainText(*text);
+    if (const auto text = support::Read<KORUnicodeString>(holder, key)) return support::Text(*text);
     if (const auto real = support::Read<double>(holder, key)) return *real;
     if (const auto integer = support::Read<int>(holder, key)) return *integer;
     if (const auto flag = support::Read<unsigned char>(holder, key)) return *flag;
@@ -139,7 +135,7 @@ class ModelTwin {
     KORListValKORUnicodeString names, texts;
     (void)table.GetLineAttributes(row, names, texts);
     for (const KORUnicodeString& name : names) {
-      if (const auto value = ValueOf(record, PlainText(name).c_str())) line.values[PlainText(name)] = *value;
+      if (const auto value = ValueOf(record, support::Text(name).c_str())) line.values[support::Text(name)] = *value;
     }
     line.reused = PlainOf(support::Read<KORBaseUnknown_var>(record, "TimeAnalysis").value_or(NULL_var));
     for (const void* const entry : support::Read<KORRawCollPV>(record, "FormulaParameter").value_or(KORRawCollPV())) {
@@ -150,10 +146,14 @@ class ModelTwin {
 
   static std::optional<oracle::FormulaParameter> ReadParameter(const VEXTimeAnalysisFormulaParameter* parameter) {
     if (parameter == nullptr) return std::nullopt;
-    return oracle::FormulaParameter{
-        parameter->_ParameterKind,         PlainText(parameter->_ValueText), PlainText(parameter->_ParameterName),
-        PlainText(parameter->_Signature),  PlainText(parameter->_Body),      PlainText(parameter->_ValueType),
-        PlainText(parameter->_OwnerPLMId), PlainText(parameter->_OwnerRow)};
+    return oracle::FormulaParameter{parameter->_ParameterKind,
+                                    support::Text(parameter->_ValueText),
+                                    support::Text(parameter->_ParameterName),
+                                    support::Text(parameter->_Signature),
+                                    support::Text(parameter->_Body),
+                                    support::Text(parameter->_ValueType),
+                                    support::Text(parameter->_OwnerPLMId),
+                                    support::Text(parameter->_OwnerRow)};
   }
 
   std::vector<oracle::Analysis*> _Plain;

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/model/KORLineKeys.h"
+#include "platform/model/KORKnownKeys.h"
 #include "tests/model/ModelTest.h"
 #include "tests/support/RandomText.h"
 

@@ -113,6 +113,13 @@ TEST_F(KOROperationTest, NullArgumentsAreRefused) {
   EXPECT_EQ(List().Size(), 0);
 }
 
+TEST_F(KOROperationTest, IsEditableUntilToldOtherwise) {
+  EXPECT_TRUE(_Operation->IsEditable());
+  _Operation->SetEditable(false);
+  EXPECT_FALSE(_Operation->IsEditable());
+  EXPECT_TRUE(_Model.CreateOperation("OP2")->IsEditable());
+}
+
 TEST_F(KOROperationTest, OnlyAnAnalysisIsATimeAnalysis) {
   const KORBaseUnknown_var other = _Model.CreateOtherRepReference("Shape");
   EXPECT_FALSE(PLMIRepReference_var(other).IsNull());

@@ -121,7 +121,7 @@ TEST(KORBaseUnknownTest, KnowsItsClass) {
   EXPECT_EQ(object.IsAKindOf("VEXIWeight"), 0) << "an interface is no kind of object";
   EXPECT_EQ(object.IsAKindOf(nullptr), 0);
   EXPECT_STREQ(KORBaseUnknown::ClassName(), "KORBaseUnknown");
-  EXPECT_EQ(KORBaseUnknown::ClassId(), KORUuid{});
+  EXPECT_EQ(KORBaseUnknown::ClassId(), KORUuid::OfName("KORBaseUnknown"));
   EXPECT_STREQ(KORBaseUnknown().IsA(), "KORBaseUnknown");
   EXPECT_STREQ(KORBaseUnknown().GetComponentName(), "");
 }
@@ -156,6 +156,9 @@ TEST(KORQueryInterfaceTest, GivesTheBaseOfEveryObject) {
 TEST(KORQueryInterfaceTest, InterfaceNotOfferedGivesNull) {
   Workpiece object;
   void* out = &object;
+  EXPECT_EQ(object.QueryInterface(KORUuid{}, &out), E_NOINTERFACE) << "an identifier that was never set";
+  EXPECT_EQ(out, nullptr);
+  out = &object;
   EXPECT_EQ(object.QueryInterface(VEXIColour::ClassId(), &out), E_NOINTERFACE);
   EXPECT_EQ(out, nullptr);
   EXPECT_EQ(CountReferences(object), 1u);

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
+
 namespace {
 
 KORListValKORUnicodeString MakeList(std::initializer_list<const char*> texts) {
@@ -46,9 +48,9 @@ struct LocateRow {
 
 TEST(KORListTest, LocatesFromAPosition) {
   const KORListValKORUnicodeString list = MakeList({"A", "B", "A"});
-  for (const LocateRow& row :
-       {LocateRow{"A", 1, 1}, LocateRow{"A", 2, 3}, LocateRow{"A", 3, 3}, LocateRow{"A", 4, 0}, LocateRow{"B", 3, 0},
-        LocateRow{"C", 1, 0}, LocateRow{"A", -5, 1}, LocateRow{"A", 99, 0}}) {
+  for (const LocateRow& row : {LocateRow{"A", 1, 1}, LocateRow{"A", 2, 3}, LocateRow{"A", 3, 3}, LocateRow{"A", 4, 0},
+                               LocateRow{"B", 3, 0}, LocateRow{"C", 1, 0}, LocateRow{"A", -5, 1}, LocateRow{"A", 99, 0},
+                               LocateRow{"B", INT_MIN, 2}, LocateRow{"A", INT_MAX, 0}}) {
     EXPECT_EQ(list.Locate(row.Wanted, row.From), row.Found) << row.Wanted << " from " << row.From;
   }
   EXPECT_EQ(MakeList({}).Locate("A"), 0);

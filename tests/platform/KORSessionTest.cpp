@@ -7,6 +7,7 @@
 #include <string>
 #include <thread>
 
+#include "platform/base/KORError.h"
 #include "platform/base/KORStatus.h"
 #include "platform/system/KORSystem.h"
 
@@ -154,6 +155,16 @@ TEST(KORSessionTest, PartThatAskedForAnotherEndsAheadOfIt) {
     session.GetPart<PartThatNeedsAnother>();
   }
   EXPECT_EQ(ends, "needing(5) first ");
+}
+
+TEST(KORSessionTest, FreshSessionKnowsNoErrorOfTheOneBefore) {
+  {
+    const KORFreshSession session;
+    KORError::SetLastError(KORError(E_FAIL, "of the first session"));
+    ASSERT_TRUE(KORError::KORGetLastError(E_FAIL, nullptr).has_value());
+  }
+  const KORFreshSession session;
+  EXPECT_FALSE(KORError::KORGetLastError(E_FAIL, nullptr).has_value());
 }
 
 TEST(KORSessionTest, FreshSessionIsTheCurrentOne) {

@@ -86,6 +86,8 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(KORUnicodeStringTest, NullPointerIsTheEmptyText) {
   const char* const nothing = nullptr;
   EXPECT_TRUE(KORUnicodeString(nothing).IsEmpty());
+  EXPECT_TRUE(KORUnicodeString() == nothing);
+  EXPECT_FALSE(KORUnicodeString("A") == nothing);
 }
 
 TEST(KORUnicodeStringTest, WideCharactersThatAreNoneBecomeReplacements) {

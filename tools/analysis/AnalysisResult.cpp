@@ -2,6 +2,7 @@
 #include "tools/analysis/AnalysisResult.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -36,6 +37,18 @@ std::string AttributeOf(const BuiltAnalysis& built, const char* key) {
 std::optional<double> RealOf(const VEXTimeAnalysisLineData& line, std::string_view key) {
   double number = 0.0;
   if (Failed(line.GetValue(KORString(key), number))) return std::nullopt;
+  return number;
+}
+
+constexpr double LargestRounded = std::numeric_limits<int>::max();
+
+// The rounding puts whole part and decimals together in binary, so that 1.6236 comes out as 1.6236000000000002; this is
+// the number that reads as the decimals.
+double NearestDecimal(double number, int decimals) {
+  std::array<char, 64> text{};
+  char* const start = text.data();
+  const auto printed = std::to_chars(start, start + text.size(), number, std::chars_format::fixed, decimals);
+  std::from_chars(start, printed.ptr, number);
   return number;
 }
 
@@ -96,9 +109,13 @@ ResultUnit::ResultUnit(const VEXSTMTimeAnalysisDlgServices& services, std::strin
 }
 
 double ResultUnit::Convert(double tmu) const {
-  if (_Unit) return TimeInUnit(_Services, tmu, *_Unit);
-  if (!(std::fabs(tmu) < static_cast<double>(std::numeric_limits<int>::max()))) return tmu;
-  return VEXSTMTimeAnalysisDlgServices::RoundOffTimeValue(tmu, 6.0);
+  double number = tmu;
+  if (_Unit) {
+    number = TimeInUnit(_Services, tmu, *_Unit);
+  } else if (std::fabs(tmu) < LargestRounded) {
+    number = VEXSTMTimeAnalysisDlgServices::RoundOffTimeValue(tmu, 6.0);
+  }
+  return std::fabs(number) < LargestRounded ? NearestDecimal(number, _Unit == DisplayUnit::Hours ? 8 : 6) : number;
 }
 
 }  // namespace tool

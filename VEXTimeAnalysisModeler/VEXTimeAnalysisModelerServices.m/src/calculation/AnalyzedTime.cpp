@@ -2,6 +2,7 @@
 #include "calculation/AnalyzedTime.h"
 
 #include <array>
+#include <cstddef>
 
 #include "calculation/LineFormula.h"
 #include "calculation/LineKeys.h"

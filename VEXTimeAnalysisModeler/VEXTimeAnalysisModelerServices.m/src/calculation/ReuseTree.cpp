@@ -1,7 +1,8 @@
 // Which analyses an analysis reuses.
 #include "calculation/ReuseTree.h"
 
-#include <string_view>
+#include <cstddef>
+#include <string>
 #include <unordered_set>
 #include <utility>
 #include <vector>
