@@ -33,7 +33,7 @@ class KORPLATFORM_API KORParameterLink {
 /// Every parameter is a heap block of its own (new). One that is put into a line record belongs to that record from
 /// then on; see VEXTimeAnalysisLineData. Deleting it by hand before that record does is allowed: the record learns of
 /// it. A copy carries the values and belongs to nobody.
-class VEXTimeAnalysisFormulaParameter : public KORParameterLink {
+class KORPLATFORM_API VEXTimeAnalysisFormulaParameter : public KORParameterLink {
  public:
   int _ParameterKind = 0;  // 4 and 7 shift the row that _OwnerRow names; any other value leaves it as it is
   KORUnicodeString _ValueText;
@@ -43,6 +43,9 @@ class VEXTimeAnalysisFormulaParameter : public KORParameterLink {
   KORUnicodeString _ValueType;   // "Integer", "Real", "String", or the name of a magnitude, as "Time"
   KORUnicodeString _OwnerPLMId;  // "PLM_ExternalID" of the analysis that owns the formula
   KORUnicodeString _OwnerRow;    // row of the formula in that analysis, from 1, as decimal text
+
+  /// True if all fields are equal, whoever the parameters belong to.
+  bool HasSameValues(const VEXTimeAnalysisFormulaParameter& other) const;
 };
 
 /// The parameters that belong to one record; freed with it, or earlier by Clear. Parameters that were deleted meanwhile

@@ -1,6 +1,8 @@
 // One line of a time analysis as a record of keyed values.
 #include "platform/model/VEXTimeAnalysisLineData.h"
 
+#include <algorithm>
+
 VEXTimeAnalysisLineData::VEXTimeAnalysisLineData(const VEXTimeAnalysisLineData& other) : KORBaseUnknown(other) {
   SetContent(other.GetContent());
 }
@@ -33,24 +35,34 @@ long VEXTimeAnalysisLineData::ClearFormulaAndParamters() {
   return S_OK;
 }
 
+// True if the list holds what it was filled from.
+bool VEXTimeAnalysisLineData::HasStoredParameters() const {
+  const auto is_same = [](const void* entry, const std::optional<VEXTimeAnalysisFormulaParameter>& stored) {
+    if (entry == nullptr || !stored) return entry == nullptr && !stored;
+    return static_cast<const VEXTimeAnalysisFormulaParameter*>(entry)->HasSameValues(*stored);
+  };
+  return _Stored != nullptr && std::ranges::equal(_Parameters, *_Stored, is_same);
+}
+
 VEXTimeAnalysisLineData::Content VEXTimeAnalysisLineData::GetContent() const {
-  Content content{_Values, nullptr};
-  if (!_HasParameters) return content;
-  content.Parameters = std::make_unique<std::vector<std::optional<VEXTimeAnalysisFormulaParameter>>>();
-  content.Parameters->reserve(static_cast<std::size_t>(_Parameters.Size()));
+  if (!_HasParameters) return {_Values, nullptr};
+  if (HasStoredParameters()) return {_Values, _Stored};
+  const auto parameters = std::make_shared<KORStoredParameters>();
+  parameters->reserve(static_cast<std::size_t>(_Parameters.Size()));
   for (const void* const entry : _Parameters) {
-    std::optional<VEXTimeAnalysisFormulaParameter>& copy = content.Parameters->emplace_back();
+    std::optional<VEXTimeAnalysisFormulaParameter>& copy = parameters->emplace_back();
     if (entry != nullptr) copy = *static_cast<const VEXTimeAnalysisFormulaParameter*>(entry);
   }
-  return content;
+  return {_Values, parameters};
 }
 
 void VEXTimeAnalysisLineData::SetContent(const Content& content) {
   ClearFormulaAndParamters();
   _Values = content.Values;
-  _HasParameters = content.Parameters != nullptr;
+  _Stored = content.Parameters;
+  _HasParameters = _Stored != nullptr;
   if (!_HasParameters) return;
-  for (const std::optional<VEXTimeAnalysisFormulaParameter>& stored : *content.Parameters) {
+  for (const std::optional<VEXTimeAnalysisFormulaParameter>& stored : *_Stored) {
     VEXTimeAnalysisFormulaParameter* copy = nullptr;
     if (stored) {
       copy = new VEXTimeAnalysisFormulaParameter(*stored);

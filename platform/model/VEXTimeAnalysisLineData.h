@@ -18,6 +18,9 @@
 /// The key whose value is the list of formula parameters.
 inline constexpr const char* KORFormulaParameterKey = "FormulaParameter";
 
+/// The formula parameters of a line as the tables of lines store them; an empty place stands for a null entry.
+using KORStoredParameters = std::vector<std::optional<VEXTimeAnalysisFormulaParameter>>;
+
 /// One line of a time analysis: values by key, filled by VEXITimeAnalysisLines::GetLine and stored by SetLine. The keys
 /// of the model stand in KORKnownKeys.h; any other key is taken as well and given back unchanged.
 ///
@@ -63,16 +66,19 @@ class KORPLATFORM_API VEXTimeAnalysisLineData : public KORBaseUnknown {
   /// Frees the formula parameters that belong to the record and empties the list. S_OK.
   long ClearFormulaAndParamters();
 
-  /// A record's content as the tables of lines store it: independent of the record, its parameters held by value.
+  /// A record's content as the tables of lines store it. Its parameters are values that never change, and are shared by
+  /// all contents that have the same ones.
   struct Content {
     KORKeyedValues Values;
-    std::unique_ptr<std::vector<std::optional<VEXTimeAnalysisFormulaParameter>>> Parameters;  // null: never set
+    std::shared_ptr<const KORStoredParameters> Parameters;  // null: never set
   };
   Content GetContent() const;
   /// Replaces all that the record holds by the content, with parameters of its own.
   void SetContent(const Content& content);
 
  private:
+  bool HasStoredParameters() const;
+
   template <class Value>
   long SetPlain(const KORString& key, const Value& value) {
     if (key == KORFormulaParameterKey) return E_INVALIDARG;
@@ -82,6 +88,7 @@ class KORPLATFORM_API VEXTimeAnalysisLineData : public KORBaseUnknown {
 
   KORKeyedValues _Values;
   bool _HasParameters = false;
-  KORRawCollPV _Parameters;  // pointers to VEXTimeAnalysisFormulaParameter, or null
+  KORRawCollPV _Parameters;                            // pointers to VEXTimeAnalysisFormulaParameter, or null
+  std::shared_ptr<const KORStoredParameters> _Stored;  // what the list was filled from; null if from nothing
   KORHeldParameters _Held;
 };

@@ -3,8 +3,6 @@
 
 #include <algorithm>
 
-#include "platform/knowledge/KORCkeGlobalFunctions.h"
-
 namespace calculation {
 
 namespace {
@@ -25,8 +23,8 @@ KORICkeParm_var ValueOf(const VEXTimeAnalysisFormulaParameter& parameter, const 
 
 }  // namespace
 
-KORICkeExpression_var ExpressionOf(const VEXTimeAnalysisFormulaParameter& formula) {
-  const KORICkeExpressionFactory_var factory = KORCkeGlobalFunctions::GetVolatileFactory();
+KORICkeExpression_var ExpressionOf(const VEXTimeAnalysisFormulaParameter& formula,
+                                   const KORICkeExpressionFactory_var& factory) {
   KORICkeExpression_var expression =
       factory->CreateExpression("FormulaSTM", "KweEdiotrComment", formula._Signature, formula._Body);
   if (expression->GetSignature().IsNull() || expression->IsValid() == KORCke::False) return NULL_var;
@@ -34,8 +32,7 @@ KORICkeExpression_var ExpressionOf(const VEXTimeAnalysisFormulaParameter& formul
 }
 
 std::optional<FormulaRun> RunFormula(const KORICkeExpression_var& expression, const KORICkeEvaluator_var& evaluator,
-                                     const KORRawCollPV& parameters, int first) {
-  const KORICkeParmFactory_var factory = KORCkeGlobalFunctions::GetVolatileFactory();
+                                     const KORICkeParmFactory_var& factory, const KORRawCollPV& parameters, int first) {
   const KORICkeSignature_var signature = expression->GetSignature();
   const int argument_count = std::min(signature->GetArgumentCount(), parameters.Size() - first + 1);
   FormulaRun run;

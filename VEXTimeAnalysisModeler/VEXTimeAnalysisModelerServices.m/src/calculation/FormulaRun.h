@@ -5,6 +5,7 @@
 
 #include "platform/base/KORList.h"
 #include "platform/knowledge/KORICkeExpression.h"
+#include "platform/knowledge/KORICkeFactory.h"
 #include "platform/knowledge/KORICkeParm.h"
 #include "platform/model/VEXTimeAnalysisFormulaParameter.h"
 
@@ -22,12 +23,13 @@ struct FormulaRun {
 };
 
 /// The expression of a formula; a null handle if its signature can't be read or it isn't valid.
-KORICkeExpression_var ExpressionOf(const VEXTimeAnalysisFormulaParameter& formula);
+KORICkeExpression_var ExpressionOf(const VEXTimeAnalysisFormulaParameter& formula,
+                                   const KORICkeExpressionFactory_var& factory);
 
 /// Runs an expression with the parameters from `first` (from 1) on, one for each argument. A list that ends before the
 /// arguments do leaves the rest without values, with which the engine fails the run; outputs then keep the values of
 /// their parameters. Nothing is returned if one of the parameters is null.
 std::optional<FormulaRun> RunFormula(const KORICkeExpression_var& expression, const KORICkeEvaluator_var& evaluator,
-                                     const KORRawCollPV& parameters, int first);
+                                     const KORICkeParmFactory_var& factory, const KORRawCollPV& parameters, int first);
 
 }  // namespace calculation

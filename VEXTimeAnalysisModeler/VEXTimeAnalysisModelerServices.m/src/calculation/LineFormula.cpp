@@ -13,6 +13,7 @@
 #include "calculation/FormulaRun.h"
 #include "calculation/LineTime.h"
 #include "calculation/ReuseTree.h"
+#include "platform/knowledge/KORCkeGlobalFunctions.h"
 #include "timevalue/TextHelpers.h"
 
 namespace calculation {
@@ -125,12 +126,14 @@ class LineFormulas {
         _Times(reused_analysis) {}
 
   double Time() {
+    const KORICkeParmFactory_var factory = KORCkeGlobalFunctions::GetVolatileFactory();
+    const KORICkeExpressionFactory_var expressions = factory;
     for (const Formula& formula : FormulasOf(_Parameters)) {
-      const KORICkeExpression_var expression = ExpressionOf(*ParameterAt(_Parameters, formula.Position));
+      const KORICkeExpression_var expression = ExpressionOf(*ParameterAt(_Parameters, formula.Position), expressions);
       if (expression.IsNull()) return 0.0;
       const KORICkeEvaluator_var evaluator = expression;
       if (!evaluator.IsNull()) {
-        const std::optional<FormulaRun> run = RunFormula(expression, evaluator, _Parameters, formula.Position);
+        const std::optional<FormulaRun> run = RunFormula(expression, evaluator, factory, _Parameters, formula.Position);
         if (!run) return 0.0;
         AddFormula(formula, *run);
       }
