@@ -40,6 +40,12 @@ std::optional<double> RealOf(const VEXTimeAnalysisLineData& line, std::string_vi
   return number;
 }
 
+// A sub-folder stands for an operation.
+std::string OperationOf(const std::string& name) {
+  const std::size_t end = name.rfind('/');
+  return end == std::string::npos ? std::string() : name.substr(0, end);
+}
+
 constexpr double LargestRounded = std::numeric_limits<int>::max();
 
 // The rounding puts whole part and decimals together in binary, so that 1.6236 comes out as 1.6236000000000002; this is
@@ -82,6 +88,7 @@ AnalysisResult ReadResult(const AnalysisFolder::Member& member, const BuiltAnaly
   AnalysisResult result;
   result.Path = member.File.GetPath();
   result.Identifier = member.Identifier;
+  result.Operation = OperationOf(member.Name);
   result.Name = member.File.GetName();
   result.Description = member.File.GetDescription();
   result.System = AttributeOf(built, "V_Subsystem");

@@ -35,6 +35,7 @@ inline constexpr std::array<std::string_view, 5> TotalTimeTypes{"TTB", "TTU", "T
 struct AnalysisResult {
   std::string Path;
   std::string Identifier;
+  std::string Operation;  // the sub-folder that the file lies in; empty for none
   std::string Name;
   std::string Description;
   std::string System;

@@ -85,6 +85,11 @@ class Calculation {
     }
   }
 
+  /// Closes a run of several tables with their totals.
+  void Finish() {
+    if (_Written.size() > 1) WriteOverview(_Answers.Out(), _Written, _Unit);
+  }
+
  private:
   void TellProblems(const AnalysisFolder::Member& member, const BuiltAnalysis& built) {
     std::vector<PlacedFailure> problems = member.ReuseFaults;
@@ -98,15 +103,16 @@ class Calculation {
   void Write(const AnalysisFolder::Member& member, const BuiltAnalysis& built) {
     const bool has_nothing = built.Rows.empty() && !member.File.IsWhole();
     if (has_nothing) return;
-    const AnalysisResult result = ReadResult(member, built, _Services);
+    AnalysisResult result = ReadResult(member, built, _Services);
     if (_Line.Json) {
       WriteResultJson(_Answers.Out(), result, _Services);
     } else if (_Line.Csv) {
       WriteResultCsv(_Answers.Out(), result, _Unit);
     } else {
-      WriteResultTable(_Answers.Out(), result, _Unit, !_HasWritten);
+      WriteResultTable(_Answers.Out(), result, _Unit, _Written.empty());
+      result.Lines.clear();
+      _Written.push_back(std::move(result));
     }
-    _HasWritten = true;
   }
 
   const CommandLine& _Line;
@@ -115,7 +121,7 @@ class Calculation {
   CodeBook _Codes;
   AnalysisBuilder _Builder;
   ResultUnit _Unit;
-  bool _HasWritten = false;
+  std::vector<AnalysisResult> _Written;  // as tables, without their lines
 };
 
 }  // namespace
@@ -127,6 +133,7 @@ void RunCalc(const CommandLine& line, const Surroundings& surroundings, Answers&
   for (const std::string& path : line.Texts) folders.Add(path);
   Calculation calculation(line, catalogue, answers);
   for (const std::unique_ptr<AnalysisFolder>& folder : folders.GetFolders()) calculation.Compute(*folder);
+  calculation.Finish();
 }
 
 }  // namespace tool

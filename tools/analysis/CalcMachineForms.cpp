@@ -84,6 +84,7 @@ void WriteResultJson(std::ostream& output, const AnalysisResult& result,
   nlohmann::ordered_json json;
   json["file"] = result.Path;
   json["identifier"] = result.Identifier;
+  json["operation"] = result.Operation;
   json["name"] = result.Name;
   json["description"] = result.Description;
   json["system"] = result.System;

@@ -1,4 +1,4 @@
-// An analysis as a table for people.
+// Analyses as tables for people.
 #include <algorithm>
 #include <array>
 #include <ostream>
@@ -14,6 +14,10 @@ namespace tool {
 namespace {
 
 constexpr std::string_view None = "-";
+
+// As TotalNames; the last column of the overview marks what is not complete.
+constexpr std::array<std::string_view, TotalNames.size() + 1> TotalHeadings{"HUMAN", "MACHINE", "WAITING",
+                                                                            "SETUP", "TOTAL",   ""};
 
 // Numbers with as many decimals as the longest of them has, so that their points stand below each other.
 class NumberColumn {
@@ -165,6 +169,25 @@ void WriteResultTable(std::ostream& output, const AnalysisResult& result, const 
     output << "the file was not read to its end";
   }
   output << "; the totals are not to be relied on\n";
+}
+
+void WriteOverview(std::ostream& output, const std::vector<AnalysisResult>& results, const ResultUnit& unit) {
+  NumberColumn times;
+  std::vector<TableColumn> columns{{"OPERATION", Align::Left}, {"ANALYSIS", Align::Left}, {"NAME", Align::Left}};
+  for (const std::string_view heading : TotalHeadings) columns.push_back({std::string(heading), Align::Right});
+  for (const AnalysisResult& result : results) {
+    for (const double total : result.TotalsTmu) times.Take(unit.Convert(total));
+  }
+  Table table(std::move(columns));
+  for (const AnalysisResult& result : results) {
+    const std::string operation = result.Operation.empty() ? std::string(None) : result.Operation;
+    std::vector<std::string> row{Excerpt(operation), Excerpt(result.Identifier), Excerpt(result.Name)};
+    for (const double total : result.TotalsTmu) row.push_back(times.Text(unit.Convert(total)));
+    if (!result.IsComplete) row.emplace_back("incomplete");
+    table.AddRow(std::move(row));
+  }
+  output << "\nTotals in " << unit.GetHeading() << "\n\n";
+  table.Write(output);
 }
 
 }  // namespace tool
