@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "tools/NumberText.h"
+
 namespace tool {
 
 namespace {
@@ -68,7 +70,8 @@ bool IsKnownCode(VEXSTMTimeAnalysisDlgServices& service, std::string_view code) 
 double TimeInUnit(const VEXSTMTimeAnalysisDlgServices& service, double tmu, DisplayUnit unit) {
   const double plain = tmu / service.ConvertFromSecToTmu(1.0) / SecondsOf(unit);
   if (!(std::fabs(plain) < static_cast<double>(std::numeric_limits<int>::max()))) return plain;
-  return service.UnitConvertor(tmu, static_cast<int>(unit), unit == DisplayUnit::Hours ? DecimalsOfHours : Decimals);
+  const int decimals = unit == DisplayUnit::Hours ? DecimalsOfHours : Decimals;
+  return NearestDecimal(service.UnitConvertor(tmu, static_cast<int>(unit), decimals), decimals);
 }
 
 }  // namespace tool

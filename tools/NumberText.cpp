@@ -22,4 +22,12 @@ std::string PlainNumberText(double number) {
   return {text.data(), end};
 }
 
+double NearestDecimal(double number, int decimals) {
+  std::array<char, 400> text{};
+  char* const start = text.data();
+  const auto printed = std::to_chars(start, start + text.size(), number, std::chars_format::fixed, decimals);
+  std::from_chars(start, printed.ptr, number);
+  return number;
+}
+
 }  // namespace tool

@@ -11,4 +11,8 @@ std::string NumberText(double number);
 /// The same without an exponent, below 1e15.
 std::string PlainNumberText(double number);
 
+/// The number that reads as the decimals of a rounded one: rounding puts whole part and decimals together in binary, so
+/// that 1.6236 comes out as 1.6236000000000002.
+double NearestDecimal(double number, int decimals);
+
 }  // namespace tool

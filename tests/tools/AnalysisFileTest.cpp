@@ -72,6 +72,15 @@ TEST(AnalysisRows, WithSurplusCellsAreMarked) {
   EXPECT_FALSE(file.GetRows()[1].HasSurplus);
 }
 
+TEST(AnalysisRows, OfASpreadsheetHaveEmptyCellsForEveryColumn) {
+  const AnalysisFile file("a.csv", "# system: MTM1;;\n\"# name: Screws, long\";;\ncode;description;\nR30B;;\n");
+  EXPECT_EQ(file.GetSystem(), "MTM1");
+  EXPECT_EQ(file.GetName(), "Screws, long");
+  ASSERT_EQ(file.GetRows().size(), 1u);
+  EXPECT_FALSE(file.GetRows()[0].HasSurplus);
+  EXPECT_TRUE(file.GetProblems().empty());
+}
+
 struct ProblemRow {
   const char* name;
   std::string text;
@@ -106,7 +115,7 @@ INSTANTIATE_TEST_SUITE_P(
         ProblemRow{"NothingButComments", "# system: STD\n# a\n", 0, "no header row", Unusable, false},
         ProblemRow{"NothingButBlanks", "\n , ,\n\t\n", 0, "no header row", Unusable, false},
         ProblemRow{"UnknownColumn", "code,colour\n", 1, "unknown column \"colour\"", Finding, true},
-        ProblemRow{"ColumnWithoutName", "code,,frequency\n", 1, "unknown column \"\"", Finding, true},
+        ProblemRow{"CellWithoutHeading", "code,,\nA,,\nB,x,\n", 3, "whose heading is empty", Finding, true},
         ProblemRow{"UnknownColumns", "code,a,b\n", 1, "unknown columns \"a\", \"b\"", Finding, true},
         ProblemRow{"ColumnTwice", "code,frequency,Code\n", 1, "the column \"code\" stands twice", Finding, true},
         ProblemRow{"NoColumnForATime", "frequency,description\n", 1, "no column tells the time", Unusable, false},

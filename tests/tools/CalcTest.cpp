@@ -84,10 +84,10 @@ INSTANTIATE_TEST_SUITE_P(
         FaultyRow{"FrequencyAlone", "code,frequency", ",2", "nothing tells the time of this row"},
         FaultyRow{"ReuseMissing", "code,reuse", ",nope", "the reused analysis \"nope\" is not there"},
         FaultyRow{"ReuseOfItself", "code,reuse", ",a", "\"a\" -> \"a\""},
-        FaultyRow{"ReuseAbove", "code,reuse", ",../a", "leads out of its folder"},
-        FaultyRow{"ReuseAbsolute", "code,reuse", ",/etc/passwd", "leads out of its folder"},
-        FaultyRow{"ReuseAboveInTheMiddle", "code,reuse", ",b/../../a", "leads out of its folder"},
-        FaultyRow{"ReuseOfThisFolder", "code,reuse", ",./a", "leads out of its folder"},
+        FaultyRow{"ReuseAbove", "code,reuse", ",../a", "is no plain path"},
+        FaultyRow{"ReuseAbsolute", "code,reuse", ",/etc/passwd", "is no plain path"},
+        FaultyRow{"ReuseAboveInTheMiddle", "code,reuse", ",b/../../a", "is no plain path"},
+        FaultyRow{"ReuseOfThisFolder", "code,reuse", ",./a", "is no plain path"},
         FaultyRow{"ReuseWithBackslash", "code,reuse", ",b\\a", "with \"/\" between folders"},
         FaultyRow{"CodeBesideReuse", "code,reuse", "GR5,nope", "the code \"GR5\" beside a reused analysis"},
         FaultyRow{"TimeBesideReuse", "code,reuse,time", ",nope,1", "a time beside a reused analysis"},
@@ -318,7 +318,36 @@ TEST(Reuse, TellsWhereCarriedFormulasComeToAnotherTime) {
                 "a.csv, line 2: the formulas carried up from \"b\" give 0.54 s, while its own total is 1.08 s"),
             std::string::npos)
       << outcome.Errors;
+  const nlohmann::json analysis = Analyses(outcome).front();
+  EXPECT_EQ(analysis["lines"][0]["state"], "flawed");
+  EXPECT_EQ(analysis["complete"], false);
 }
+
+struct WrongFormulaTime {
+  const char* name;
+  const char* row;    // code, signature, body, frequency
+  const char* words;  // of the message
+};
+
+class WrongFormulaTimeTest : public testing::TestWithParam<WrongFormulaTime> {};
+
+TEST_P(WrongFormulaTimeTest, IsSeenAfterTheCalculation) {
+  const support::TemporaryFolder folder;
+  folder.Write("a.csv", std::string("# system: STD\ncode,signature,body,frequency\n") + GetParam().row + "\n");
+  const ToolOutcome outcome = Calc(folder, "a.csv", {"--json"});
+  EXPECT_EQ(outcome.ExitStatus, 1);
+  EXPECT_NE(outcome.Errors.find(GetParam().words), std::string::npos) << outcome.Errors;
+  const nlohmann::json analysis = Analyses(outcome).front();
+  EXPECT_EQ(analysis["lines"][0]["state"], "flawed");
+  EXPECT_EQ(analysis["complete"], false);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, WrongFormulaTimeTest,
+    testing::Values(WrongFormulaTime{"NoneBesideAnUnknownCode", "WALX,out Time : Time,Time = 0,", "nearest: WALK"},
+                    WrongFormulaTime{"InfiniteByFrequency", ",out Time : Time,Time = 1e305,1e300", "no finite number"},
+                    WrongFormulaTime{"InfiniteInTmu", ",out Time : Time,Time = 1e308,", "no finite number"}),
+    [](const auto& row) { return std::string(row.param.name); });
 
 struct ReuseFaultRow {
   const char* name;

@@ -47,6 +47,13 @@ std::vector<Parameter> CarriedParameters(const BuiltAnalysis& reused) {
   return carried;
 }
 
+// Counts a row of a computed analysis as flawed.
+void Flaw(int row, const PlacedFailure& problem, BuiltAnalysis& built) {
+  built.Problems.push_back(problem);
+  built.Rows[static_cast<std::size_t>(row) - 1] = RowState::Flawed;
+  ++built.FlawedRows;
+}
+
 bool HasFormula(VEXTimeAnalysisLineData& line) {
   KORRawCollPV parameters;
   line.GetValue(KORFormulaParameterKey, parameters);
@@ -81,7 +88,8 @@ BuiltAnalysis AnalysisBuilder::Build(const AnalysisFile& file, const std::string
   built.Analysis->SetValue("V_description", TextOf(file.GetDescription()));
   built.Analysis->SetValue("V_Subsystem", TextOf(system));
   const RowSurroundings surroundings{file, identifier, system, _Codes, _Services};
-  std::vector<int> to_compare;  // rows whose time has to be that of the reused analysis
+  std::vector<int> to_compare;                              // rows whose time has to be that of the reused analysis
+  std::vector<std::optional<PlacedFailure>> code_problems;  // by row: told only if no formula gives a time
   for (std::size_t index = 0; index < file.GetRows().size(); ++index) {
     const int row = static_cast<int>(index) + 1;
     const BuiltAnalysis* reused_by_row = reused[index];
@@ -95,11 +103,31 @@ BuiltAnalysis AnalysisBuilder::Build(const AnalysisFile& file, const std::string
     built.Rows.push_back(state);
     if (state == RowState::Flawed) ++built.FlawedRows;
     if (state == RowState::Counted && row_builder.TakesReusedTimeAsItIs()) to_compare.push_back(row);
+    code_problems.push_back(row_builder.GetCodeProblem());
   }
-  built.IsComplete = built.FlawedRows == 0 && file.IsWhole();
   _Services.CalculateAnalyzedTimeBG(KORBaseUnknown_var(built.Analysis));
   for (const int row : to_compare) CompareWithReused(file, row, *reused[static_cast<std::size_t>(row) - 1], built);
+  for (std::size_t index = 0; index < built.Rows.size(); ++index) {
+    if (built.Rows[index] != RowState::Counted) continue;
+    const FilePlace place{file.GetPath(), file.GetRows()[index].Line};
+    CheckTime(place, static_cast<int>(index) + 1, code_problems[index], built);
+  }
+  built.IsComplete = built.FlawedRows == 0 && file.IsWhole();
   return built;
+}
+
+// A formula may give no time, or one that no frequency and unit can carry.
+void AnalysisBuilder::CheckTime(const FilePlace& place, int row, const std::optional<PlacedFailure>& code_problem,
+                                BuiltAnalysis& built) const {
+  VEXTimeAnalysisLineData line;
+  built.Analysis->GetLine(row, line);
+  double total = 0.0;
+  line.GetValue("TotalTime", total);
+  if (!std::isfinite(_Services.ConvertFromSecToTmu(total))) {
+    Flaw(row, TimeNotFinite(place), built);
+  } else if (total == 0.0 && code_problem) {
+    Flaw(row, *code_problem, built);
+  }
 }
 
 // The formulas of a reused analysis are evaluated anew for the row that reuses it, and may come to another time.
@@ -116,9 +144,10 @@ void AnalysisBuilder::CompareWithReused(const AnalysisFile& file, int row, const
   const double there = TimeInUnit(_Services, total, DisplayUnit::Seconds);
   if (std::fabs(here - there) <= EqualTimes * std::max(1.0, there)) return;
   const AnalysisRow& file_row = file.GetRows()[static_cast<std::size_t>(row) - 1];
-  built.Problems.push_back(CarriedTimeDiffers({file.GetPath(), file_row.Line}, file.Cell(file_row, Column::Reuse),
-                                              NumberText(VEXSTMTimeAnalysisDlgServices::RoundOffTimeValue(here, 6.0)),
-                                              NumberText(there)));
+  Flaw(row,
+       CarriedTimeDiffers({file.GetPath(), file_row.Line}, file.Cell(file_row, Column::Reuse),
+                          NumberText(VEXSTMTimeAnalysisDlgServices::RoundOffTimeValue(here, 6.0)), NumberText(there)),
+       built);
 }
 
 }  // namespace tool

@@ -1,6 +1,7 @@
 // Rows of a text file become the lines of an analysis, which is computed then.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,7 +17,7 @@ enum class RowState {
   Counted,  // it has a time, which counts in the totals
   Outside,  // its code is "*": it takes no part in any total
   Text,     // it has a description and nothing else
-  Flawed    // it has no time, or one too short, for a reason that was told
+  Flawed    // it has no time, or one not to be relied on, for a reason that was told
 };
 
 struct BuiltAnalysis {
@@ -48,6 +49,8 @@ class AnalysisBuilder {
  private:
   std::vector<VEXTimeAnalysisFormulaParameter> TakeCarried(const FilePlace& place, const BuiltAnalysis*& reused,
                                                            std::vector<PlacedFailure>& problems);
+  void CheckTime(const FilePlace& place, int row, const std::optional<PlacedFailure>& code_problem,
+                 BuiltAnalysis& built) const;
   void CompareWithReused(const AnalysisFile& file, int row, const BuiltAnalysis& reused, BuiltAnalysis& built) const;
 
   CodeBook& _Codes;

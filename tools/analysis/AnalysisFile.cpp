@@ -24,8 +24,18 @@ std::string SmallLetters(std::string_view text) {
   return small;
 }
 
+// A line as spreadsheets save "# system: MTM1": in quotes, and with separators for the columns that it does not have.
+std::string_view WithoutEmptyCells(std::string_view text) {
+  const std::size_t end = text.find_last_not_of(" \t,;");
+  return text.substr(0, end == std::string_view::npos ? 0 : end + 1);
+}
+
 bool IsBlank(const std::vector<std::string>& cells) {
   return std::all_of(cells.begin(), cells.end(), [](const std::string& cell) { return Trimmed(cell).empty(); });
+}
+
+bool IsQuotedProperty(const std::vector<std::string>& cells) {
+  return cells.front().starts_with('#') && IsBlank({cells.begin() + 1, cells.end()});
 }
 
 }  // namespace
@@ -45,6 +55,10 @@ AnalysisFile::AnalysisFile(std::string path, std::string_view text) : _Path(std:
       continue;
     }
     if (IsBlank(record.Fields)) continue;
+    if (_ColumnCount == 0 && IsQuotedProperty(record.Fields)) {
+      TakeProperty(record.Line, std::string_view(record.Fields.front()).substr(1));
+      continue;
+    }
     if (record.HasTextBehindQuote) _Problems.push_back(TextBehindQuote({_Path, record.Line}));
     if (_ColumnCount == 0) {
       TakeHeader(record.Line, record.Fields);
@@ -66,7 +80,7 @@ void AnalysisFile::TakeProperty(std::size_t line, std::string_view text) {
   const std::size_t colon = text.find(':');
   if (colon == std::string_view::npos) return;
   const std::string name = SmallLetters(Trimmed(text.substr(0, colon)));
-  const std::string value(Trimmed(text.substr(colon + 1)));
+  const std::string value(Trimmed(WithoutEmptyCells(text.substr(colon + 1))));
   const std::array<std::pair<std::string_view, std::string*>, 4> properties{
       {{"system", &_System}, {"name", &_Name}, {"description", &_Description}, {"identifier", &_Identifier}}};
   const auto property =
@@ -90,6 +104,10 @@ void AnalysisFile::TakeHeader(std::size_t line, const std::vector<std::string>& 
   std::vector<std::string> unknown;
   for (std::size_t place = 0; place < names.size(); ++place) {
     const std::string name = SmallLetters(Trimmed(names[place]));
+    if (name.empty()) {
+      _Unnamed.push_back(place);
+      continue;
+    }
     const auto known = std::find(ColumnNames.begin(), ColumnNames.end(), name);
     if (known == ColumnNames.end()) {
       unknown.emplace_back(Trimmed(names[place]));
@@ -123,8 +141,12 @@ void AnalysisFile::TakeRow(std::size_t line, std::vector<std::string>&& cells) {
   const bool has_surplus =
       std::any_of(surplus, cells.end(), [](const std::string& cell) { return !Trimmed(cell).empty(); });
   if (has_surplus) _Problems.push_back(TooManyCells({_Path, line}, cells.size(), _ColumnCount));
+  const bool has_unnamed = std::any_of(_Unnamed.begin(), _Unnamed.end(), [&cells](std::size_t place) {
+    return place < cells.size() && !Trimmed(cells[place]).empty();
+  });
+  if (has_unnamed) _Problems.push_back(CellWithoutHeading({_Path, line}));
   cells.erase(surplus, cells.end());
-  _Rows.push_back({line, std::move(cells), has_surplus});
+  _Rows.push_back({line, std::move(cells), has_surplus || has_unnamed});
 }
 
 std::string_view AnalysisFile::Cell(const AnalysisRow& row, Column column) const {

@@ -1,10 +1,11 @@
 // An analysis as a text file: what it is called, and its rows as they were written.
 //
 //   file     = { property | comment | blank } header { row | comment | blank }
-//   property = "#" name ":" value            name: "system", "name", "description" or "identifier"
+//   property = "#" name ":" value            name: "system", "name", "description" or "identifier"; separators behind
+//                                            the value do not count, and the whole may stand in quotes
 //   comment  = "#" anything
 //   header   = column { separator column }   in any order, small and capital letters alike; the names stand in
-//                                            ColumnNames
+//                                            ColumnNames; below an empty one all cells are empty
 //   row      = cell { separator cell }       cells missing at the end are empty
 //   blank    = a record without anything in its fields
 //
@@ -58,7 +59,7 @@ inline constexpr std::array<std::string_view, 14> ColumnNames{"code",
 struct AnalysisRow {
   std::size_t Line = 0;            // of the file, from 1
   std::vector<std::string> Cells;  // as the header has them
-  bool HasSurplus = false;         // it had more cells than columns, so that they may stand in wrong ones
+  bool HasSurplus = false;         // it has cells that no column is there for, so that others may stand in wrong ones
 };
 
 class AnalysisFile {
@@ -103,6 +104,7 @@ class AnalysisFile {
   std::size_t _IdentifierLine = 0;
   std::size_t _ColumnCount = 0;                           // of the header; 0 ahead of it
   std::array<std::size_t, ColumnNames.size()> _Places{};  // of each column among the cells, from 1; 0 for none
+  std::vector<std::size_t> _Unnamed;                      // places of columns without a name, from 0
   bool _IsWhole = true;
   std::vector<AnalysisRow> _Rows;
   std::vector<PlacedFailure> _Problems;

@@ -144,6 +144,12 @@ PlacedFailure FormulaColumnMissing(const FilePlace& place, std::string_view name
   return Finding(place, "the column " + Quoted(name) + " is missing; a formula takes both, signature and body");
 }
 
+PlacedFailure CellWithoutHeading(const FilePlace& place) {
+  return Finding(place,
+                 "a cell stands in a column whose heading is empty; name the column in the header row, or empty the "
+                 "cell. This row has no time");
+}
+
 PlacedFailure TooManyCells(const FilePlace& place, std::size_t cells, std::size_t columns) {
   return Finding(place, std::to_string(cells) + " cells for " + std::to_string(columns) +
                             " columns; put cells that hold a separator into quotes, and write decimals with a point. "
@@ -202,8 +208,8 @@ PlacedFailure TimeNotFinite(const FilePlace& place) {
 
 PlacedFailure ReuseNameNotPlain(const FilePlace& place, std::string_view name) {
   return Finding(place, "the reused analysis " + Quoted(name) +
-                            " leads out of its folder; name a file below it, with \"/\" between folders and without "
-                            "\"..\"");
+                            " is no plain path; name a file in the folder or below it, as parts/screw, with \"/\" "
+                            "between folders and without \"..\", \".\" or a \"/\" at an end");
 }
 
 PlacedFailure ReusedFileMissing(const FilePlace& place, std::string_view name,
@@ -231,7 +237,7 @@ PlacedFailure IdentifierWithBar(const FilePlace& place, std::string_view identif
 
 PlacedFailure ReusedAnalysisIncomplete(const FilePlace& place, std::string_view name) {
   return Finding(place, "the reused analysis " + Quoted(name) +
-                            " is incomplete, so this row is too short; correct what is told of that file");
+                            " is incomplete, so the time of this row is wrong; correct what is told of that file");
 }
 
 PlacedFailure TooManyCarriedParameters(const FilePlace& place, std::string_view rows, std::size_t bound) {
@@ -243,9 +249,10 @@ PlacedFailure CarriedTimeDiffers(const FilePlace& place, std::string_view name, 
                                  const std::string& there) {
   return Finding(place, "the formulas carried up from " + Quoted(name) + " give " + here +
                             " s, while its own total is " + there +
-                            " s. Carried formulas count once each, with their own frequency only, and rows with the "
-                            "code * count: give each formula an output \"out Frequency : Real\", and rows that reuse "
-                            "formulas the frequency 1");
+                            " s. Carried formulas count once, with the frequency that they give themselves; rows with "
+                            "the code * count, and so do plain rows, but only in analyses that have a formula of their "
+                            "own. Enter the total by hand (column \"seconds\"), or reuse here the analyses with "
+                            "formulas themselves, each once");
 }
 
 PlacedFailure FormulaIncomplete(const FilePlace& place, std::string_view missing) {
@@ -287,7 +294,8 @@ PlacedFailure ValueOfOtherType(const FilePlace& place, std::string_view name, st
                                std::string_view type) {
   return Finding(place,
                  "the value " + Quoted(value) + " of " + Quoted(name) + " is not of the type " + std::string(type) +
-                     (type == "Integer" ? "; write a whole number in 32 bits" : "; write a number with a point"));
+                     (type == "Integer" ? "; write a whole number in 32 bits" : "; write a number with a point") +
+                     ", and \";\" between values");
 }
 
 }  // namespace tool

@@ -53,6 +53,7 @@ PlacedFailure UnknownColumns(const FilePlace& place, const std::vector<std::stri
 PlacedFailure ColumnTwice(const FilePlace& place, std::string_view name);
 PlacedFailure NoTimeGivingColumn(const FilePlace& place);
 PlacedFailure FormulaColumnMissing(const FilePlace& place, std::string_view name);
+PlacedFailure CellWithoutHeading(const FilePlace& place);
 PlacedFailure TooManyCells(const FilePlace& place, std::size_t cells, std::size_t columns);
 
 // Rows.

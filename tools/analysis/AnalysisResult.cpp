@@ -2,9 +2,10 @@
 #include "tools/analysis/AnalysisResult.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <limits>
+
+#include "tools/NumberText.h"
 
 namespace tool {
 
@@ -46,17 +47,8 @@ std::string OperationOf(const std::string& name) {
   return end == std::string::npos ? std::string() : name.substr(0, end);
 }
 
+constexpr int StoredDecimals = 6;
 constexpr double LargestRounded = std::numeric_limits<int>::max();
-
-// The rounding puts whole part and decimals together in binary, so that 1.6236 comes out as 1.6236000000000002; this is
-// the number that reads as the decimals.
-double NearestDecimal(double number, int decimals) {
-  std::array<char, 64> text{};
-  char* const start = text.data();
-  const auto printed = std::to_chars(start, start + text.size(), number, std::chars_format::fixed, decimals);
-  std::from_chars(start, printed.ptr, number);
-  return number;
-}
 
 ResultLine ReadLine(const VEXTimeAnalysisLineData& line, RowState state,
                     const VEXSTMTimeAnalysisDlgServices& services) {
@@ -116,13 +108,9 @@ ResultUnit::ResultUnit(const VEXSTMTimeAnalysisDlgServices& services, std::strin
 }
 
 double ResultUnit::Convert(double tmu) const {
-  double number = tmu;
-  if (_Unit) {
-    number = TimeInUnit(_Services, tmu, *_Unit);
-  } else if (std::fabs(tmu) < LargestRounded) {
-    number = VEXSTMTimeAnalysisDlgServices::RoundOffTimeValue(tmu, 6.0);
-  }
-  return std::fabs(number) < LargestRounded ? NearestDecimal(number, _Unit == DisplayUnit::Hours ? 8 : 6) : number;
+  if (_Unit) return TimeInUnit(_Services, tmu, *_Unit);
+  if (!(std::fabs(tmu) < LargestRounded)) return tmu;
+  return NearestDecimal(VEXSTMTimeAnalysisDlgServices::RoundOffTimeValue(tmu, StoredDecimals), StoredDecimals);
 }
 
 }  // namespace tool

@@ -127,6 +127,7 @@ void AnalysisRowBuilder::TakeCode() {
   const CodeEntry& entry = _Surroundings.Codes.Find(system, _Code);
   _Seconds = entry.Seconds;
   if (entry.Problem && needed) Flaw(At(_Place, *entry.Problem));
+  if (entry.Problem && !needed) _CodeProblem = At(_Place, *entry.Problem);
   if (!entry.Seconds && needed) _Flawed = true;
   if (_Description.empty()) _Description = entry.Description;
   if (_TimeType.empty()) _TimeType = entry.TimeType;

@@ -33,6 +33,9 @@ class AnalysisRowBuilder {
   /// True if the line's time is that of the reused analysis and its formulas alone, as they stand there.
   bool TakesReusedTimeAsItIs() const { return _TakesReusedTimeAsItIs; }
 
+  /// What is wrong with the code of a row whose formula may give a time instead; nothing if nothing is.
+  const std::optional<PlacedFailure>& GetCodeProblem() const { return _CodeProblem; }
+
  private:
   std::string_view Cell(Column column) const { return _Surroundings.File.Cell(_Row, column); }
   bool IsText() const;
@@ -62,6 +65,7 @@ class AnalysisRowBuilder {
   KORBaseUnknown_var _Reused;
   RowFormula _Formula;
   bool _TakesReusedTimeAsItIs = false;
+  std::optional<PlacedFailure> _CodeProblem;
 };
 
 }  // namespace tool

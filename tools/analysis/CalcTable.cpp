@@ -164,7 +164,7 @@ void WriteResultTable(std::ostream& output, const AnalysisResult& result, const 
   output << "Incomplete: ";
   if (result.FlawedRows > 0) {
     output << result.FlawedRows << " of " << result.Lines.size()
-           << (result.Lines.size() == 1 ? " row lacks" : " rows lack") << " time";
+           << (result.Lines.size() == 1 ? " row has" : " rows have") << " no time, or a wrong one";
   } else {
     output << "the file was not read to its end";
   }
