@@ -1,6 +1,7 @@
 // An expression that belongs to no object, with its signature, its arguments and its evaluator.
 #include "platform/knowledge/KORCkeExpression.h"
 
+#include <new>
 #include <string_view>
 
 #include "platform/base/KORTruncation.h"
@@ -98,7 +99,12 @@ long KORCkeExpression::AddValue(const KORICkeParm_var& value) {
 
 long KORCkeExpression::Run(KORBaseUnknown* /*reserved*/) {
   _ProblemOfRun.clear();
-  return RunFormula() ? S_OK : E_FAIL;
+  try {
+    return RunFormula() ? S_OK : E_FAIL;
+  } catch (const std::bad_alloc&) {
+    _ProblemOfRun = "out of memory";  // short enough to need none itself
+    return E_FAIL;
+  }
 }
 
 bool KORCkeExpression::RunFormula() {

@@ -19,6 +19,11 @@ inline constexpr int MostInstructions = 1'000'000;
 /// Memory that one run uses at a time.
 inline constexpr std::size_t MostBytesOfRun = std::size_t{4} << 20;
 
+/// Memory that one run has in one piece (a list of 32,768 values takes as much), and in one text. The machine works on
+/// a piece as a whole where nobody can stop it, so these bound how far a run goes beyond its time.
+inline constexpr std::size_t LargestPiece = std::size_t{512} << 10;
+inline constexpr std::size_t LongestText = std::size_t{64} << 10;
+
 /// Memory that the compilation of one body uses at a time.
 inline constexpr std::size_t MostBytesOfCompilation = std::size_t{16} << 20;
 

@@ -26,6 +26,13 @@ constexpr std::string_view MachineOnNesting = "C stack overflow";
 // Garbage that may lie about between runs.
 constexpr std::size_t MostGarbage = std::size_t{1} << 20;
 
+// What the machine keeps with a text.
+constexpr std::size_t HeadOfText = 32;
+
+// What a run may take on top of garbage that lies about. One that needs more begins again without any, so that what it
+// gets does not depend on what ran before.
+constexpr std::size_t MostBytesBesideGarbage = std::size_t{256} << 10;
+
 // What the sandbox keeps ahead of the bodies: the metatable that shows the library, and the table of the globals that
 // the next run may make (nil until it is needed).
 constexpr int LibraryReference = LUA_RIDX_LAST + 1;
@@ -209,7 +216,7 @@ std::string DeclareArguments(const KORCkeFormula& formula) {
 
 KORCkeSandbox::KORCkeSandbox(std::size_t most_bytes_of_compilation)
     : _MostBytesOfCompilation(most_bytes_of_compilation), _NextReference(FirstBodyReference) {
-  _Memory.SetLimit(korcke::MostBytesOfCompilation);
+  _Memory.SetLimits({korcke::MostBytesOfCompilation});
   _State = lua_newstate(KORCkeSandboxMemory::Allocate, &_Memory);
   if (_State == nullptr) throw std::bad_alloc();
   *static_cast<Meter**>(lua_getextraspace(_State)) = &_Meter;
@@ -219,7 +226,7 @@ KORCkeSandbox::KORCkeSandbox(std::size_t most_bytes_of_compilation)
     lua_close(_State);
     throw std::bad_alloc();
   }
-  CollectGarbage(0);
+  CollectGarbage();
 }
 
 KORCkeSandbox::~KORCkeSandbox() {
@@ -229,9 +236,9 @@ KORCkeSandbox::~KORCkeSandbox() {
 KORCkeSandbox::Compilation KORCkeSandbox::Compile(const KORCkeFormula& formula, std::string_view body) {
   const ScopedNumberLocale locale;
   lua_settop(_State, 0);
-  CollectGarbage(MostGarbage);
+  CollectGarbageBeyond(MostGarbage);
   const std::size_t before = _Memory.GetBytesInUse();
-  _Memory.SetLimit(_BytesKept + _MostBytesOfCompilation);
+  _Memory.SetLimits({_BytesKept + _MostBytesOfCompilation});
   _Meter.Clock.Restart();
 
   Compilation compilation;
@@ -274,7 +281,9 @@ int KORCkeSandbox::LoadExpression(const std::string& declaration, std::string_vi
   const int status = Load("return ", body, "");
   if (status != LUA_OK) return status;
   lua_pop(_State, 1);
-  return Load(declaration + "return (", body, "\n) end");
+  // On the same line, whose number messages tell, unless a comment would take it.
+  const bool may_end_in_comment = body.find("--") != std::string_view::npos;
+  return Load(declaration + "return (", body, may_end_in_comment ? "\n) end" : ") end");
 }
 
 // A body that is a block by itself is one within a function, too, and does not end ahead of the function's end.
@@ -320,26 +329,41 @@ std::string KORCkeSandbox::TakeMessage(int status) {
 bool KORCkeSandbox::Run(const KORCkeFormula& formula, const KORCkeBody& body, std::span<KORCkeVariable> variables,
                         std::string& problem) {
   const ScopedNumberLocale locale;
-  lua_settop(_State, 0);
-  CollectGarbage(MostGarbage);
-  _Memory.SetLimit(_BytesKept + korcke::MostBytesOfRun);
+  CollectGarbageBeyond(MostGarbage);
   _Meter.Clock.Restart();
-  _Meter.Instructions = 0;
+  const std::size_t in_use = _Memory.GetBytesInUse();
+  KORCkeMemoryLimits limits{in_use + MostBytesBesideGarbage, korcke::LargestPiece, korcke::LongestText + HeadOfText,
+                            true};
+  if (RunOnce(formula, body, variables, limits, problem)) return true;
+  if (!_Memory.HasRefused() || _Meter.Clock.IsOver()) return false;
+  problem.clear();
+  CollectGarbage();
+  limits.Total = _BytesKept + korcke::MostBytesOfRun;
+  limits.IsFinal = false;
+  return RunOnce(formula, body, variables, limits, problem);
+}
 
+bool KORCkeSandbox::RunOnce(const KORCkeFormula& formula, const KORCkeBody& body, std::span<KORCkeVariable> variables,
+                            const KORCkeMemoryLimits& limits, std::string& problem) {
+  // Whatever ends the run, nothing of it is there for the next one.
+  struct End {
+    KORCkeSandbox& Sandbox;
+    const KORCkeBody& Body;
+    ~End() { Sandbox.ForgetRun(Body); }
+  };
+  const End end{*this, body};
+  lua_settop(_State, 0);
+  _Memory.SetLimits(limits);
+  _Meter.Instructions = 0;
   Request request{&body, variables};
   lua_sethook(_State, LookAtTheRun, LUA_MASKCOUNT, InstructionsPerLook);
   lua_pushcfunction(_State, RunBody);
   lua_pushlightuserdata(_State, &request);
   const int status = lua_pcall(_State, 1, LUA_MULTRET, 0);
   lua_sethook(_State, nullptr, 0, 0);
-  bool done = status == LUA_OK;
-  if (done) {
-    done = TakeResults(formula, body, variables, problem);
-  } else {
-    problem = TakeMessage(status);
-  }
-  ForgetRun(body);
-  return done;
+  if (status == LUA_OK) return TakeResults(formula, body, variables, problem);
+  problem = TakeMessage(status);
+  return false;
 }
 
 bool KORCkeSandbox::TakeResults(const KORCkeFormula& formula, const KORCkeBody& body,
@@ -370,9 +394,11 @@ void KORCkeSandbox::ForgetRun(const KORCkeBody& body) {
     lua_pushnil(_State);
     lua_setupvalue(_State, 1, place);
   }
-  if (_Meter.HasNewGlobals) {
+  if (body.Globals != 0) {
     lua_pushnil(_State);
     lua_setupvalue(_State, 1, body.Globals);
+  }
+  if (_Meter.HasNewGlobals) {
     lua_pushnil(_State);
     lua_rawseti(_State, LUA_REGISTRYINDEX, GlobalsReference);
     _Meter.HasNewGlobals = false;
@@ -380,8 +406,11 @@ void KORCkeSandbox::ForgetRun(const KORCkeBody& body) {
   lua_settop(_State, 0);
 }
 
-void KORCkeSandbox::CollectGarbage(std::size_t bytes_allowed) {
-  if (_Memory.GetBytesInUse() <= _BytesKept + bytes_allowed) return;
+void KORCkeSandbox::CollectGarbageBeyond(std::size_t bytes_allowed) {
+  if (_Memory.GetBytesInUse() > _BytesKept + bytes_allowed) CollectGarbage();
+}
+
+void KORCkeSandbox::CollectGarbage() {
   lua_gc(_State, LUA_GCCOLLECT);
   _BytesKept = _Memory.GetBytesInUse();
 }

@@ -59,7 +59,8 @@ class KORCkeSandbox {
   bool Run(const KORCkeFormula& formula, const KORCkeBody& body, std::span<KORCkeVariable> variables,
            std::string& problem);
 
-  /// Memory taken by the sandbox and the bodies that it keeps.
+  /// Memory taken by the sandbox and the bodies that it keeps, at most; what compiling has left behind is among it
+  /// until the next collection.
   std::size_t GetBytesKept() const { return _BytesKept; }
 
   /// What a run has done so far; for the sandbox's own counting.
@@ -71,6 +72,8 @@ class KORCkeSandbox {
 
  private:
   int Load(std::string_view ahead, std::string_view body, std::string_view behind);
+  bool RunOnce(const KORCkeFormula& formula, const KORCkeBody& body, std::span<KORCkeVariable> variables,
+               const KORCkeMemoryLimits& limits, std::string& problem);
   int LoadExpression(const std::string& declaration, std::string_view body);
   int LoadStatements(const std::string& declaration, std::string_view body);
   void FindArguments(const KORCkeFormula& formula, KORCkeBody& body);
@@ -78,7 +81,8 @@ class KORCkeSandbox {
   bool TakeResults(const KORCkeFormula& formula, const KORCkeBody& body, std::span<KORCkeVariable> variables,
                    std::string& problem);
   void ForgetRun(const KORCkeBody& body);
-  void CollectGarbage(std::size_t bytes_allowed);
+  void CollectGarbageBeyond(std::size_t bytes_allowed);
+  void CollectGarbage();
 
   std::size_t _MostBytesOfCompilation;
   Meter _Meter;

@@ -9,9 +9,9 @@ namespace {
 
 constexpr std::array BaseFunctions{"assert", "error", "ipairs", "select", "tonumber", "type"};
 
-constexpr std::array MathNames{"abs",  "acos", "asin", "atan", "ceil",       "cos",  "deg",        "exp",  "floor",
-                               "fmod", "huge", "log",  "max",  "maxinteger", "min",  "mininteger", "modf", "pi",
-                               "rad",  "sin",  "sqrt", "tan",  "tointeger",  "type", "ult"};
+constexpr std::array MathNames{"abs",   "acos", "asin", "atan", "ceil",       "cos",        "deg",  "exp",
+                               "floor", "fmod", "huge", "log",  "maxinteger", "mininteger", "modf", "pi",
+                               "rad",   "sin",  "sqrt", "tan",  "tointeger",  "type",       "ult"};
 
 // A text of what has one; the library's own would show the address of a table.
 int ToString(lua_State* state) {
@@ -21,6 +21,29 @@ int ToString(lua_State* state) {
                 "number, text, boolean or nil expected");
   luaL_tolstring(state, 1, nullptr);
   return 1;
+}
+
+// The greatest or the least of numbers. The library's own compares texts as well, which takes it any time.
+int Extreme(lua_State* state, bool is_greatest) {
+  const int count = lua_gettop(state);
+  luaL_checkany(state, 1);
+  int found = 1;
+  for (int index = 1; index <= count; ++index) {
+    luaL_checktype(state, index, LUA_TNUMBER);
+    const bool is_less = lua_compare(state, index, found, LUA_OPLT) != 0;
+    const bool is_greater = lua_compare(state, found, index, LUA_OPLT) != 0;
+    if (is_greatest ? is_greater : is_less) found = index;
+  }
+  lua_pushvalue(state, found);
+  return 1;
+}
+
+int Greatest(lua_State* state) {
+  return Extreme(state, true);
+}
+
+int Least(lua_State* state) {
+  return Extreme(state, false);
 }
 
 int RefuseChange(lua_State* state) {
@@ -43,6 +66,10 @@ void PushMath(lua_State* state) {
   lua_newtable(state);  // its metatable
   lua_newtable(state);  // what it shows
   CopyFields(state, whole, MathNames);
+  lua_pushcfunction(state, Greatest);
+  lua_setfield(state, -2, "max");
+  lua_pushcfunction(state, Least);
+  lua_setfield(state, -2, "min");
   lua_setfield(state, -2, "__index");
   lua_pushcfunction(state, RefuseChange);
   lua_setfield(state, -2, "__newindex");

@@ -203,22 +203,77 @@ TEST(BoundsTest, InstructionsAreCountedFromTheStartOfEachRun) {
 }
 
 TEST(BoundsTest, MemoryOfARun) {
+  const char* const body =
+      "local t = {} for i = 1, n do local list = {} for j = 1, 1024 do list[j] = j end t[i] = list end a = #t";
+  EXPECT_EQ(Outcome("n : Integer, out a : Real", body, {I(240), R(0)}), "240 240");
+  EXPECT_EQ(Outcome("n : Integer, out a : Real", body, {I(260), R(0)}), NotEnoughMemory);
+  ExpectTheEngineWorks();
+}
+
+TEST(BoundsTest, LengthOfAText) {
   const char* const body = "local t = 'x' for i = 1, n do t = t .. t end a = #t";
-  EXPECT_EQ(Outcome("n : Integer, out a : Real", body, {I(20), R(0)}), "20 1.04858e+06");
-  EXPECT_EQ(Outcome("n : Integer, out a : Real", body, {I(22), R(0)}), NotEnoughMemory);
+  EXPECT_EQ(Outcome("n : Integer, out a : Real", body, {I(16), R(0)}), "16 65536");
+  EXPECT_EQ(Outcome("n : Integer, out a : Real", body, {I(17), R(0)}), NotEnoughMemory);
   // Text that goes in counts, too.
-  const std::string large(5 << 20, 'x');
+  const std::string large((64 << 10) + 100, 'x');
   EXPECT_EQ(Outcome("s : String, out a : Real", "#s", {T(large.c_str()), R(0)}), NotEnoughMemory);
   ExpectTheEngineWorks();
 }
 
-TEST(BoundsTest, MemoryIsThereAgainForTheNextRun) {
-  const char* const body = "local t = 'x' for i = 1, 21 do t = t .. t end s = t";
-  for (int run = 0; run < 5; ++run) {
-    Formula formula("out s : String, out a : Real", body, {T(""), R(0)});
-    EXPECT_EQ(formula.Run(), S_OK) << formula.Problem();
-    EXPECT_EQ(formula.String(0).size(), std::size_t{1} << 21);
+TEST(BoundsTest, LengthOfAList) {
+  const char* const body = "local t = {} for i = 1, n do t[i] = i end a = #t";
+  EXPECT_EQ(Outcome("n : Integer, out a : Real", body, {I(32768), R(0)}), "32768 32768");
+  EXPECT_EQ(Outcome("n : Integer, out a : Real", body, {I(32769), R(0)}), NotEnoughMemory);
+}
+
+// Two hundred texts of the greatest length.
+TEST(BoundsTest, TextsThatComeOut) {
+  std::string signature;
+  std::string body = "local s = 'x' for i = 1, 16 do s = s .. s end ";
+  std::vector<Given> values;
+  for (int output = 0; output < 200; ++output) {
+    const std::string name = "s" + std::to_string(output);
+    signature += (output == 0 ? "out " : ", out ") + name + " : String";
+    body += name + " = s ";
+    values.push_back(T(""));
   }
+  Formula formula(signature, body, values);
+  EXPECT_EQ(formula.Run(), S_OK) << formula.Problem();
+  EXPECT_EQ(formula.String(199).size(), std::size_t{1} << 16);
+}
+
+TEST(BoundsTest, MemoryIsThereAgainForTheNextRun) {
+  const char* const body = "local t = {} for i = 1, 32768 do t[i] = {} end a = #t";
+  for (int run = 0; run < 5; ++run) EXPECT_EQ(Outcome("out a : Real, out b : Real", body, {R(0), R(0)}), "32768 0");
+}
+
+// What a run may take does not depend on what was compiled and run before it on the thread.
+TEST(BoundsTest, MemoryDoesNotDependOnWhatWasBefore) {
+  const char* const body =
+      "local t = {} for i = 1, 32768 do t[i] = {} end local u = {} for i = 1, n do u[i] = {} end a = 1";
+  const auto largest = [&] {
+    int fits = 0;
+    for (int step = 1 << 14; step > 0; step /= 2) {
+      const std::string done = std::to_string(fits + step) + " 1";
+      if (Outcome("n : Integer, out a : Real", body, {I(fits + step), R(0)}) == done) fits += step;
+    }
+    return fits;
+  };
+  const int fits = largest();
+  EXPECT_GT(fits, 0);
+  EXPECT_LT(fits, (1 << 15) - 1);
+  for (int number = 0; number < 150; ++number) {
+    const std::string large =
+        "local t = {} " + Repeated("a=a+1 if a>2 then b=a end ", 800) + "a=1 --" + std::to_string(number);
+    EXPECT_EQ(Outcome("out a : Real, out b : Real", large, {R(0), R(0)}), "1 800");
+  }
+  for (int number = 0; number < 50; ++number) {
+    const std::string user = "math.abs(" + std::to_string(number) + ")";
+    EXPECT_EQ(ValueOf(user), std::to_string(number));
+    EXPECT_EQ(Outcome("out a : Real, out b : Real", "g = {} for i = 1, 10000 do g[i] = {} end a = 1", {R(0), R(0)}),
+              "1 0");
+  }
+  EXPECT_EQ(largest(), fits);
 }
 
 TEST(BoundsTest, MuchGarbageIsNoHarm) {
@@ -230,11 +285,46 @@ TEST(BoundsTest, MuchGarbageIsNoHarm) {
 // Comparing long texts takes time where no instruction is counted.
 TEST(BoundsTest, ProcessorTimeOfARun) {
   EXPECT_EQ(Outcome("out a : Real, out b : Real",
-                    "local s = 'x' for i = 1, 19 do s = s .. s end local t, u = s .. 'a', s .. 'b'\n"
+                    "local s = '\\0' for i = 1, 15 do s = s .. s end local t, u = s .. 'a', s .. 'b'\n"
                     "for i = 1, 400000 do if t > u then a = 1 end end",
                     {R(7), R(8)}),
             "fails: body:2: more than 500 milliseconds of processor time");
   ExpectTheEngineWorks();
+}
+
+struct LongWork {
+  const char* name;
+  const char* body;
+};
+
+class LongWorkTest : public testing::TestWithParam<LongWork> {};
+
+// Work that the machine does in one piece, where nobody can stop it, again and again.
+TEST_P(LongWorkTest, ComesToAnEnd) {
+  const std::string outcome = Outcome("out a : Real, out b : Real", GetParam().body, {R(7), R(8)});
+  EXPECT_TRUE(outcome.starts_with("fails: ")) << outcome;
+  ExpectTheEngineWorks();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, LongWorkTest,
+    testing::Values(LongWork{"GreatestOfTexts",
+                             "local s = '\\0' for i = 1, 15 do s = s .. s end local m = math.max\n"
+                             "local function f(n, ...) if n == 0 then return m(...) end "
+                             "return f(n - 1, s, s, s, s, s, s, s, s, ...) end f(400)"},
+                    LongWork{"KeysOfOnePlace", "local t = {} for i = 1, 32769 do t[i * 65535] = 1 end a = 1"},
+                    LongWork{"KeysOfOnePlaceInManyTables",
+                             "for n = 1, 10000 do local t = {} for i = 1, 8193 do t[i * 16383] = 1 end end a = 1"},
+                    LongWork{"ComparedTexts",
+                             "local s = '\\0' for i = 1, 16 do s = s .. s end while true do if s < s then end end"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(BoundsTest, TheGreatestAndTheLeastAreOfNumbersAlone) {
+  EXPECT_EQ(ValueOf("math.max(1, 3, 2)"), "3");
+  EXPECT_EQ(ValueOf("math.min(2, 0.5, 1)"), "0.5");
+  EXPECT_TRUE(ValueOf("math.max('a', 'b')").starts_with("fails: "));
+  EXPECT_TRUE(ValueOf("math.min({})").starts_with("fails: "));
+  EXPECT_TRUE(ValueOf("math.max()").starts_with("fails: "));
 }
 
 // Near the end of its memory a run looks for garbage again and again.
@@ -263,7 +353,7 @@ TEST(MemoryTest, RefusesWhatGoesBeyondTheLimit) {
   const auto resize = [&](void* block, std::size_t old_size, std::size_t new_size) {
     return KORCkeSandboxMemory::Allocate(&memory, block, old_size, new_size);
   };
-  memory.SetLimit(100);
+  memory.SetLimits({100});
   void* block = resize(nullptr, 4, 60);  // for a new block the old size is a kind, not a size
   ASSERT_NE(block, nullptr);
   EXPECT_EQ(memory.GetBytesInUse(), 60u);
@@ -274,7 +364,7 @@ TEST(MemoryTest, RefusesWhatGoesBeyondTheLimit) {
   ASSERT_NE(block, nullptr);
   EXPECT_EQ(memory.GetBytesInUse(), 100u);
 
-  memory.SetLimit(50);
+  memory.SetLimits({50});
   EXPECT_EQ(resize(nullptr, 0, 1), nullptr);
   block = resize(block, 100, 80);
   ASSERT_NE(block, nullptr) << "what shrinks is not refused";
