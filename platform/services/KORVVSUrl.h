@@ -1,0 +1,25 @@
+// Where the content of a stream comes from.
+#pragma once
+
+#include "platform/base/KORExport.h"
+#include "platform/base/KORUnicodeString.h"
+
+/// The place of a local file, in the form of a URL ("file:///tmp/grip.png"). Names nothing until it is filled.
+class KORPLATFORM_API KORVVSUrl {
+ public:
+  /// The URL, "%" and two hexadecimal digits standing for each byte that may not stand in it; empty if it names nothing.
+  const KORUnicodeString& GetText() const { return _Text; }
+  /// The path of the local file that the URL names; empty if it names nothing.
+  const KORUnicodeString& GetNativeFilePath() const { return _Path; }
+
+ private:
+  friend struct KORVVSUrlUtils;
+  KORUnicodeString _Text;
+  KORUnicodeString _Path;
+};
+
+struct KORPLATFORM_API KORVVSUrlUtils {
+  /// Makes `url` name a local file, which need not be there. S_OK; E_INVALIDARG, with `url` left as it was, for an
+  /// empty path.
+  static long FromNativeFilePathToUrl(const KORUnicodeString& path, KORVVSUrl& url);
+};

@@ -1,0 +1,31 @@
+// Looks time analyses up by their attributes.
+#pragma once
+
+#include <utility>
+#include <vector>
+
+#include "platform/base/KORBaseUnknown.h"
+#include "platform/base/KORExport.h"
+#include "platform/base/KORString.h"
+#include "platform/base/KORUnicodeString.h"
+
+/// Attributes and the values that an object has to have in them.
+class KORPLATFORM_API VEXSTTAdpIdentificationSet {
+ public:
+  /// Adds a pair. Of two pairs with the same name both have to hold. S_OK.
+  long AddAttribute(const KORString& name, const KORUnicodeString& value);
+
+  const std::vector<std::pair<KORString, KORUnicodeString>>& GetAttributes() const { return _Attributes; }
+
+ private:
+  std::vector<std::pair<KORString, KORUnicodeString>> _Attributes;
+};
+
+struct KORPLATFORM_API VEXSTTAnalysesQueryServices {
+  /// Finds a time analysis of the current session: the first one made (KORModel) whose text attributes have the values
+  /// of the set.
+  ///
+  /// element  [out] the analysis, with a reference that the caller releases; null on failure
+  /// S_OK; E_INVALIDARG for an empty set; E_FAIL if there is none.
+  static long GetElementByIdentificationSet(const VEXSTTAdpIdentificationSet& set, KORBaseUnknown*& element);
+};
