@@ -47,16 +47,18 @@ class VEXTIMEANALYSISMODELER_API VEXTADataIO : public KORBaseUnknown {
   /// Example: ExplodeString(":", "a:b:") gives "a", "b" and an empty text.
   static KORListValKORUnicodeString ExplodeString(const KORUnicodeString& separator, KORUnicodeString text);
 
-  /// Writes an analysis into a list of items: its attributes, in the order of VEXITimeAnalysisRepReference::GetAllValues,
-  /// then its lines, cell by cell, in the order of VEXITimeAnalysisLines::GetLineAttributes. The analysis stays as it is.
+  /// Writes an analysis into a list of items: its attributes, in the order of
+  /// VEXITimeAnalysisRepReference::GetAllValues, then its lines, cell by cell, in the order of
+  /// VEXITimeAnalysisLines::GetLineAttributes. The analysis stays as it is.
   ///
   /// identifier  "PLM_ExternalID" by which the analysis is looked for if none is given
   /// items       [out] one item for each attribute and each cell; what was in the list before goes, unless the
   ///             attributes of the analysis cannot be had: then the cells are appended to it
   /// analysis    the analysis; null: it is looked for
   ///
-  /// S_OK, also if attributes or keys of lines have no place in the exchange: each is left out with a line in the trace.
-  /// E_FAIL, with `items` left as it was, if no analysis is found. An object that is no time analysis ends the process.
+  /// S_OK, also if attributes or keys of lines have no place in the exchange: each is left out with a line in the
+  /// trace. E_FAIL, with `items` left as it was, if no analysis is found. An object that is no time analysis ends the
+  /// process.
   ///
   /// A value is written as it stands, ":" included. A line that reuses an analysis gives the identifier of that one
   /// under "subanalysis".
@@ -76,9 +78,9 @@ class VEXTIMEANALYSISMODELER_API VEXTADataIO : public KORBaseUnknown {
   ///   E_INVALIDARG    the item is passed over: its key is none of the exchange (told in the trace), its column has no
   ///                   header item, or it has fewer fields than its form; also what a line table gives for a row beyond
   ///                   the one just past its last
-  /// E_FAIL if no item had a status, for an empty list, with nothing changed, and if no analysis is found. E_NOINTERFACE
-  /// at the first cell for an object without a line table; what was set before stays. An object that is no time
-  /// analysis ends the process.
+  /// E_FAIL if no item had a status, for an empty list, with nothing changed, and if no analysis is found.
+  /// E_NOINTERFACE at the first cell for an object without a line table; what was set before stays. An object that is
+  /// no time analysis ends the process.
   ///
   /// A number that cannot be read is 0. A "subanalysis" that is not found leaves the cell as it is, without a word.
   static long SetAnalysisData(const KORUnicodeString& identifier, KORListValKORUnicodeString& items,
