@@ -9,6 +9,7 @@
 #include "tools/Systems.h"
 #include "tools/UsageFault.h"
 #include "tools/analysis/AnalysisMessages.h"
+#include "tools/exchange/ExchangeMessages.h"
 
 namespace tool {
 
@@ -39,6 +40,18 @@ time type, description, time, seconds, system, reuse, signature, body, values,
 value added, additional description, picture), and one row for each line.
 "# system: MTM1" ahead of the header names its system. Of a folder all files
 whose names end in ".csv" are computed, those in its folders too.
+)"};
+
+constexpr HelpText ExportHelp{"Writes analyses as streams, lists, JSON or CSV files",
+                              R"(Reads and computes analyses as calc does. Forms: stream (read by import), list
+(one item a line), json (by the templates of the catalogue), csv (read by calc).
+Values that stream or csv cannot hold are told, and nothing is written.
+)"};
+
+constexpr HelpText ImportHelp{"Reads analyses from streams and writes them as CSV files, or in another form",
+                              R"(A file is one stream; of a folder all files whose names end in ".stream" are
+read, those in its folders too. Times stay as they come. Items that cannot be
+read, and values that do not come over, are told, and nothing is written.
 )"};
 
 constexpr HelpText CodeHelp{"Looks codes up in the catalogue of a motion-time system",
@@ -123,6 +136,8 @@ CLI::App* AddCommand(CLI::App& parent, const char* name, const HelpText& help) {
 // The commands under the program's name; what is chosen is told by got_subcommand.
 struct Commands {
   CLI::App* Calc;
+  CLI::App* Export;
+  CLI::App* Import;
   CLI::App* Eval;
   CLI::App* Code;
   CLI::App* Norm;
@@ -141,17 +156,52 @@ CLI::App* AddCatalogueCommand(CLI::App& parent, CommandLine& line, std::string& 
   return command;
 }
 
+// Options of commands that read analyses from CSV files.
+void AddAnalysisOptions(CLI::App& command, CommandLine& line) {
+  AddTexts(command, line, "FILE", "Files of analyses, and folders of such files");
+  command.add_option("--system", line.System, "Motion-time system of analyses that name none")->type_name("SYSTEM");
+  command.add_option("--model", line.Model, "Folder up to which reused analyses are looked for")->type_name("FOLDER");
+}
+
 CLI::App* AddCalcCommand(CLI::App& app, CommandLine& line) {
   CLI::App* command = AddCommand(app, "calc", CalcHelp);
-  AddTexts(*command, line, "FILE", "Files of analyses, and folders of such files");
-  command->add_option("--system", line.System, "Motion-time system of analyses that name none")->type_name("SYSTEM");
+  AddAnalysisOptions(*command, line);
   command->add_option("--unit", line.Unit, "Unit of the times: tmu (unless given), s, min, h or mod (0.129 s)")
       ->type_name("UNIT")
       ->check(CLI::IsMember({"tmu", "s", "min", "h", "mod"}));
-  command->add_option("--model", line.Model, "Folder up to which reused analyses are looked for")->type_name("FOLDER");
   AddCatalogueOptions(*command, line);
   command->add_flag("--csv", line.Csv, "Comma-separated values, a row for each line and each total");
   AddJson(*command, line);
+  return command;
+}
+
+// Options of commands that write forms of the exchange.
+void AddFormOptions(CLI::App& command, CommandLine& line, const std::string& format) {
+  command.add_option("--format", line.Format, "Form: list, stream, json or csv; " + format + " unless given")
+      ->type_name("FORM")
+      ->check(CLI::IsMember({"list", "stream", "json", "csv"}));
+  command.add_option("--into", line.Into, "Folder to write a file into for each analysis, called by its identifier")
+      ->type_name("FOLDER");
+  command.add_flag("--force", line.Force, "Replace files that are there already");
+  command.add_flag("--lossy", line.Lossy, "Write what the form can hold, though it cannot hold all");
+}
+
+CLI::App* AddExportCommand(CLI::App& app, CommandLine& line) {
+  CLI::App* command = AddCommand(app, "export", ExportHelp);
+  AddAnalysisOptions(*command, line);
+  AddFormOptions(*command, line, "stream");
+  AddCatalogueOptions(*command, line);
+  return command;
+}
+
+CLI::App* AddImportCommand(CLI::App& app, CommandLine& line) {
+  CLI::App* command = AddCommand(app, "import", ImportHelp);
+  AddTexts(*command, line, "STREAM", "Streams, and folders of such files; - reads one from standard input");
+  command->add_option("--identifier", line.Identifier, "Identifier of the analysis; unless given, the name of the file")
+      ->type_name("ID");
+  command->add_flag("--calculate", line.Calculate, "Compute the totals anew from the lines");
+  AddFormOptions(*command, line, "csv");
+  AddCatalogueOptions(*command, line);
   return command;
 }
 
@@ -171,6 +221,8 @@ Commands AddCommands(CLI::App& app, CommandLine& line, std::string& folder) {
   AddCatalogueOptions(*commands.Code, line);
 
   commands.Calc = AddCalcCommand(app, line);
+  commands.Export = AddExportCommand(app, line);
+  commands.Import = AddImportCommand(app, line);
 
   commands.Norm = AddCommand(app, "norm", NormHelp);
   AddSystem(*commands.Norm, line);
@@ -199,6 +251,8 @@ Commands AddCommands(CLI::App& app, CommandLine& line, std::string& folder) {
 
 Command Chosen(const Commands& commands) {
   if (commands.Calc->parsed()) return Command::Calc;
+  if (commands.Export->parsed()) return Command::Export;
+  if (commands.Import->parsed()) return Command::Import;
   if (commands.Code->parsed()) return Command::Code;
   if (commands.Norm->parsed()) return Command::Norm;
   if (commands.Pattern->parsed()) return Command::Pattern;
@@ -216,8 +270,10 @@ void TakeTextsFromInput(CommandLine& line, const std::string& command) {
   if (line.Chosen == Command::Pattern && line.Texts.empty()) {
     throw WrongUsage("a pattern and at least one code are missing", command);
   }
-  if (std::find(line.Texts.begin(), line.Texts.end(), "-") == line.Texts.end()) return;
-  if (line.Chosen == Command::Calc) throw DashIsNoFile(command);
+  const auto dashes = std::count(line.Texts.begin(), line.Texts.end(), "-");
+  if (line.Chosen == Command::Import && dashes > 1) throw InputTwice(command);
+  if (line.Chosen == Command::Import || dashes == 0) return;
+  if (line.Chosen == Command::Calc || line.Chosen == Command::Export) throw DashIsNoFile(command);
   if (line.Texts.size() > 1) throw DashNotAlone(command);
   line.FromInput = true;
   line.Texts.clear();
@@ -227,7 +283,8 @@ void TakeTextsFromInput(CommandLine& line, const std::string& command) {
 void RefuseEmptyValues(const CLI::App& app) {
   const CLI::App* command = &app;
   while (!command->get_subcommands().empty()) command = command->get_subcommands().front();
-  for (const char* name : {"--catalogue", "--settings", "--frequency", "--model", "FOLDER", "SYSTEM", "--system"}) {
+  for (const char* name : {"--catalogue", "--settings", "--frequency", "--model", "--into", "--identifier", "FOLDER",
+                           "SYSTEM", "--system"}) {
     const CLI::Option* option = command->get_option_no_throw(name);
     if (option == nullptr || option->count() == 0) continue;
     std::string value = option->results().front();
@@ -237,13 +294,15 @@ void RefuseEmptyValues(const CLI::App& app) {
 }
 
 void FinishCommandLine(CommandLine& line, std::string& folder, const std::string& command) {
-  for (std::string* text :
-       {&line.Catalogue, &line.Settings, &line.System, &line.Model, &line.Pattern, &line.Frequency, &folder}) {
+  for (std::string* text : {&line.Catalogue, &line.Settings, &line.System, &line.Model, &line.Into, &line.Identifier,
+                            &line.Pattern, &line.Frequency, &folder}) {
     Unshield(*text);
   }
   for (std::string& text : line.Texts) Unshield(text);
   TakeTextsFromInput(line, command);
   if (line.Json && line.Csv) throw TwoForms(command);
+  if (line.Force && line.Into.empty()) throw ForceWithoutFolder(command);
+  if (line.Format.empty()) line.Format = line.Chosen == Command::Import ? "csv" : "stream";
   if (!line.System.empty() && line.System != "-") RequireSystem(line.System);
   if (!folder.empty() && !line.Catalogue.empty() && folder != line.Catalogue) {
     throw TwoCatalogueFolders(folder, line.Catalogue);

@@ -7,7 +7,7 @@
 
 namespace tool {
 
-enum class Command { Calc, Eval, Code, Norm, Pattern, CatalogueList, CatalogueCheck };
+enum class Command { Calc, Export, Import, Eval, Code, Norm, Pattern, CatalogueList, CatalogueCheck };
 
 struct CommandLine {
   Command Chosen = Command::Eval;
@@ -18,10 +18,16 @@ struct CommandLine {
   std::string Settings;            // --settings
   std::string System;              // empty: none
   std::string Pattern;             // of "pattern"
-  std::vector<std::string> Texts;  // formulas, codes, norm texts, or files and folders of analyses
+  std::vector<std::string> Texts;  // formulas, codes, norm texts, or files and folders of analyses or streams
   bool FromInput = false;          // the texts, or all of "pattern", stand on standard input
   std::string Unit;                // --unit: "tmu", "s", "min", "h" or "mod"; empty: TMU, of "code" and seconds
   std::string Model;               // --model: the folder up to which reused analyses are looked for
+  std::string Format;              // --format: "list", "stream", "json" or "csv"
+  std::string Into;                // --into: the folder that files are written into; empty: standard output
+  std::string Identifier;          // --identifier, of the one stream that is imported; empty: by the name of its file
+  bool Force = false;              // --force: files in that folder are replaced
+  bool Lossy = false;              // --lossy: what a form can hold is written, though it cannot hold all
+  bool Calculate = false;          // --calculate: totals of imported analyses are computed anew
   std::string Frequency = "1";     // --frequency
   std::string To;                  // --to: "code" or "norm"; empty: by the look of the text
 };

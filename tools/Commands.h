@@ -8,6 +8,8 @@
 namespace tool {
 
 void RunCalc(const CommandLine& line, const Surroundings& surroundings, Answers& answers);
+void RunExport(const CommandLine& line, const Surroundings& surroundings, Answers& answers);
+void RunImport(const CommandLine& line, const Surroundings& surroundings, Answers& answers);
 void RunEval(const CommandLine& line, const Surroundings& surroundings, Answers& answers);
 void RunCode(const CommandLine& line, const Surroundings& surroundings, Answers& answers);
 void RunNorm(const CommandLine& line, const Surroundings& surroundings, Answers& answers);

@@ -21,6 +21,10 @@ void RunCommand(const CommandLine& line, const Surroundings& surroundings, Answe
       return RunEval(line, surroundings, answers);
     case Command::Calc:
       return RunCalc(line, surroundings, answers);
+    case Command::Export:
+      return RunExport(line, surroundings, answers);
+    case Command::Import:
+      return RunImport(line, surroundings, answers);
     case Command::Code:
       return RunCode(line, surroundings, answers);
     case Command::Norm:

@@ -1,31 +1,19 @@
 // Representation references, and what they hold beside their attributes.
 #pragma once
 
-#include <compare>
-#include <map>
-#include <string>
-
 #include "platform/base/KORExport.h"
 #include "platform/base/KORHandle.h"
 #include "platform/base/KORUnicodeString.h"
 #include "platform/model/KORPLMObject.h"
+#include "platform/model/KORStreamList.h"
 #include "platform/model/PLMIRepInstance.h"
-
-/// Names a stream that is stored on a representation.
-struct KORStreamName {
-  KORUnicodeString Format;
-  KORUnicodeString Name;
-
-  friend bool operator==(const KORStreamName&, const KORStreamName&) = default;
-  friend std::strong_ordering operator<=>(const KORStreamName&, const KORStreamName&) = default;
-};
 
 /// What a representation reference holds beside its attributes.
 struct KORRepContent {
-  KORUnicodeString Alias;                        // display name; empty for none
-  KORUnicodeString LegacyStreamPath;             // local file that holds the legacy stream; empty for none
-  std::map<KORStreamName, std::string> Streams;  // the bytes of each extended stream
-  KORBaseUnknown_var Container;                  // applicative container, not to hold its owner; null for none
+  KORUnicodeString Alias;             // display name; empty for none
+  KORUnicodeString LegacyStreamPath;  // local file that holds the legacy stream; empty for none
+  KORStreamList Streams;              // the extended streams
+  KORBaseUnknown_var Container;       // applicative container, not to hold its owner; null for none
   bool IsLastMajorRevision = true;
 };
 

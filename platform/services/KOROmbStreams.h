@@ -4,12 +4,17 @@
 // order in which they were added. A key names a stream without its format; it finds the first one added under the name.
 #pragma once
 
+#include <cstddef>
+
 #include "platform/base/KORBaseUnknown.h"
 #include "platform/base/KORExport.h"
 #include "platform/base/KORHandle.h"
 #include "platform/base/KORObjectLists.h"
 #include "platform/base/KORUnicodeString.h"
 #include "platform/services/KORVVSUrl.h"
+
+/// Bytes of a stream at most: 1 GiB.
+inline constexpr std::size_t KORLongestStream = std::size_t{1} << 30;
 
 /// The families of stream formats. Authoring data is the only one that is kept here.
 enum KOROmbStreamDescriptorFormat { KOROmbStreamDescriptorFormat_Authoring };
@@ -21,7 +26,7 @@ class KORPLATFORM_API KOROmbLoadableDataUniqueKey {
   /// kind  "EXTENDED"
   /// name  name of the stream
   /// flag  passed as 0
-  /// S_OK; E_INVALIDARG for another kind.
+  /// S_OK; E_INVALIDARG for another family or kind.
   static long Create(KOROmbLoadableDataUniqueKey*& key, KOROmbStreamDescriptorFormat family,
                      const KORUnicodeString& kind, const KORUnicodeString& name, int flag);
 
@@ -37,7 +42,7 @@ class KORIOmbStreamDescriptor : public KORInterface<KORIOmbStreamDescriptor> {
  public:
   static constexpr const char* InterfaceName = "KORIOmbStreamDescriptor";
 
-  /// S_OK.
+  /// S_OK. `format` is left as it was on failure.
   virtual long GetStreamFormat(KORUnicodeString& format) = 0;
 };
 using KORIOmbStreamDescriptor_var = KORHandle<KORIOmbStreamDescriptor>;
@@ -49,13 +54,14 @@ class KORIOmbNonZENTAStreamDescriptor : public KORInterface<KORIOmbNonZENTAStrea
   static constexpr const char* InterfaceName = "KORIOmbNonZENTAStreamDescriptor";
 
   /// Writes the content to a local file, byte for byte, in place of what stands there. The flag is passed as 1.
-  /// S_OK; otherwise the status of KORFOpen, KORFWrite or KORFClose, and no file is under the path.
+  /// S_OK; otherwise the status of KORFOpen, with what stands under the path left alone, or of KORFWrite or KORFClose,
+  /// with nothing under it.
   virtual long CopyStreamToFile(const KORUnicodeString& path, int flag) = 0;
 };
 using KORIOmbNonZENTAStreamDescriptor_var = KORHandle<KORIOmbNonZENTAStreamDescriptor>;
 
 struct KORPLATFORM_API KOROmbRepRefLoadingServices {
-  /// Stores the content of a file on a representation, in place of a stream of the same format and name.
+  /// Stores the content of a file on a representation; a stream of the same format and name gets it in its place.
   ///
   /// object  a representation reference, by any of its interfaces
   /// flag    passed as 0
@@ -71,16 +77,14 @@ struct KORPLATFORM_API KOROmbRepRefLoadingServices {
                                  KORIOmbNonZENTAStreamDescriptor*& descriptor);
 };
 
-/// Bytes of a stream at most: 1 GiB.
-inline constexpr std::size_t KORLongestStream = std::size_t{1} << 30;
-
 /// The streams of one object, which it keeps alive. An object that is no representation has none.
 class KORPLATFORM_API KOROmbComponentStreamsManager {
  public:
   explicit KOROmbComponentStreamsManager(const KORBaseUnknown_var& object) : _Object(object) {}
 
-  /// Removes the stream that the key names. S_OK; E_INVALIDARG for null and for an object that is no representation;
-  /// E_FAIL, with nothing changed, if no stream has that name.
+  /// Removes the stream that the key names; another one of that name stays and is the one named then. S_OK;
+  /// E_INVALIDARG for null and for an object that is no representation; E_FAIL, with nothing changed, if no stream has
+  /// that name.
   long DeleteSD(const KOROmbLoadableDataUniqueKey* key);
 
   /// The descriptors of all streams, in the order in which they were added; each offers KORIOmbStreamDescriptor and

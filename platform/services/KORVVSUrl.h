@@ -7,9 +7,10 @@
 /// The place of a local file, in the form of a URL ("file:///tmp/grip.png"). Names nothing until it is filled.
 class KORPLATFORM_API KORVVSUrl {
  public:
-  /// The URL, "%" and two hexadecimal digits standing for each byte that may not stand in it; empty if it names nothing.
+  /// The URL, "%" and two hexadecimal digits standing for each byte that may not stand in it; empty if it names
+  /// nothing.
   const KORUnicodeString& GetText() const { return _Text; }
-  /// The path of the local file that the URL names; empty if it names nothing.
+  /// The full path of the local file that the URL names, with "/" between folders; empty if it names nothing.
   const KORUnicodeString& GetNativeFilePath() const { return _Path; }
 
  private:
@@ -19,7 +20,8 @@ class KORPLATFORM_API KORVVSUrl {
 };
 
 struct KORPLATFORM_API KORVVSUrlUtils {
-  /// Makes `url` name a local file, which need not be there. S_OK; E_INVALIDARG, with `url` left as it was, for an
-  /// empty path.
+  /// Makes `url` name a local file, which need not be there. A relative path is one of the working folder of the
+  /// moment. S_OK; E_INVALIDARG for an empty path; E_FAIL for a relative one where no working folder can be had. `url`
+  /// is left as it was on failure.
   static long FromNativeFilePathToUrl(const KORUnicodeString& path, KORVVSUrl& url);
 };

@@ -12,7 +12,8 @@
 /// Attributes and the values that an object has to have in them.
 class KORPLATFORM_API VEXSTTAdpIdentificationSet {
  public:
-  /// Adds a pair. Of two pairs with the same name both have to hold. S_OK.
+  /// Adds a pair. Of two pairs with the same name both have to hold. S_OK; the set is left as it was on
+  /// failure.
   long AddAttribute(const KORString& name, const KORUnicodeString& value);
 
   const std::vector<std::pair<KORString, KORUnicodeString>>& GetAttributes() const { return _Attributes; }
@@ -23,7 +24,7 @@ class KORPLATFORM_API VEXSTTAdpIdentificationSet {
 
 struct KORPLATFORM_API VEXSTTAnalysesQueryServices {
   /// Finds a time analysis of the current session: the first one made (KORModel) whose text attributes have the values
-  /// of the set.
+  /// of the set. An attribute that is not set has no value, not the empty one.
   ///
   /// element  [out] the analysis, with a reference that the caller releases; null on failure
   /// S_OK; E_INVALIDARG for an empty set; E_FAIL if there is none.

@@ -87,8 +87,12 @@ class KORPLATFORM_API KORSession {
   /// ClearFaults. For tests of what callers do then. The operations that can fail so: "KORSysGetLocalDecimalChar",
   /// "KORSplitPath", "KORListDirectory", "CreateKORIXMLDOMDocumentBuilder", "CreateKORIXMLSAX2Factory", "Parse",
   /// "GetCurrentUserId", "GetPLMIdentificator", "GetResolutionSpace", "ResolveComponent", "GetRelatedInstance",
-  /// "GetInstanceReference", "ListRepInstances", "AddRepInstance", "RemoveRepInstance", "GetRepReference". Their out
-  /// arguments are left as on a failure of their own.
+  /// "GetInstanceReference", "ListRepInstances", "AddRepInstance", "RemoveRepInstance", "GetRepReference", "KORFOpen",
+  /// "KORFSize", "KORFRead", "KORFWrite", "KORFClose", "_KORFileAccess", "KORMakePath", "KORSplitPathEx",
+  /// "FromNativeFilePathToUrl", "KOROmbLoadableDataUniqueKey::Create", "GetStreamFormat", "CopyStreamToFile",
+  /// "AddExtendedSDForRepRef", "GetExtendedContent", "DeleteSD", "AddAttribute", "GetElementByIdentificationSet". Their
+  /// out arguments are left as on a failure of their own, and a file that "KORFWrite" or "KORFClose" fails for is given
+  /// up as on theirs.
   void InjectFault(const std::string& operation, long status);
   void ClearFaults();
   /// The status with which the operation is to fail; S_OK if it is to do its work.

@@ -15,20 +15,8 @@ TEST(KORRepReferenceTest, NewOneIsTheLastMajorRevisionAndHoldsNothing) {
   EXPECT_TRUE(content.IsLastMajorRevision);
   EXPECT_TRUE(content.Alias.IsEmpty());
   EXPECT_TRUE(content.LegacyStreamPath.IsEmpty());
-  EXPECT_TRUE(content.Streams.empty());
+  EXPECT_TRUE(content.Streams.IsEmpty());
   EXPECT_TRUE(content.Container.IsNull());
-}
-
-TEST(KORRepReferenceTest, StreamsAreKnownByFormatAndName) {
-  const auto analysis = NewAnalysis("TA");
-  auto& streams = analysis->GetContent().Streams;
-  streams[{"JSON", "lines"}] = "{}";
-  streams[{"png", "lines"}] = "picture";
-  streams[{"JSON", "totals"}] = "[]";
-  streams[{"JSON", "lines"}] = "{1}";
-  EXPECT_EQ(streams.size(), 3u);
-  EXPECT_EQ((streams[{"JSON", "lines"}]), "{1}");
-  EXPECT_EQ((streams[{"png", "lines"}]), "picture");
 }
 
 TEST(KORRepReferenceTest, ContainerLivesAsLongAsItsOwner) {

@@ -1,4 +1,4 @@
-// Memory that runs out while a file is parsed: a message, never an exception and never a leak.
+// Memory that runs out while a file is parsed: a message or an empty object, never an exception and never a leak.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/system/KORSession.h"
+#include "tests/platform/JsonTest.h"
 #include "tests/platform/XmlTest.h"
 
 namespace {
@@ -68,6 +69,27 @@ TEST(MemoryExhaustionTest, EndsInAMessageWhereverItHappens) {
     EXPECT_GE(message.SearchSubString("memory"), 0) << message.ConvertToChar();
   }
   EXPECT_GT(failures, 80);
+}
+
+TEST(MemoryExhaustionTest, LeavesAJsonObjectWithoutKeysWhereverItHappens) {
+  const support::TemporaryFolder folder;
+  const std::string text = R"({"a key of many letters":["a text of many letters",{},{"a":1,"b":2,"a":[[]]}],"c":0.5})";
+  const KOROmxFilePath path(KOROmxUTF8String(KORUnicodeString(folder.Write("test.json", text).c_str())));
+
+  int failures = 0;
+  for (long place = 0;; ++place) {
+    allocations_left = place;
+    const KOROmxJsonObject object(path);
+    const bool failed = allocations_left < 0;
+    allocations_left = -1;
+    if (!failed) {
+      EXPECT_EQ(object.GetJsonType("c"), KOROmxJsonType::Real);
+      break;
+    }
+    ++failures;
+    EXPECT_EQ(object.ToString(), "{}") << "allocation " << place;
+  }
+  EXPECT_GT(failures, 20);
 }
 
 }  // namespace

@@ -1,11 +1,15 @@
 // A folder of its own for one test, removed with everything in it at the end.
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace support {
 
@@ -35,6 +39,21 @@ class TemporaryFolder {
     file.close();
     if (!file) throw std::runtime_error("cannot write " + path.string());
     return path.string();
+  }
+
+  /// The content of a file; nothing if it cannot be read.
+  std::optional<std::string> Read(const std::string& name) const {
+    std::ifstream file(_Root / name, std::ios::binary);
+    if (!file) return std::nullopt;
+    return std::string(std::istreambuf_iterator<char>(file), {});
+  }
+
+  /// The names of all that stands in the folder itself, hidden files included, in the order of their bytes.
+  std::vector<std::string> Names() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(_Root)) names.push_back(entry.path().filename());
+    std::sort(names.begin(), names.end());
+    return names;
   }
 
   /// Makes a folder. Returns its full path.

@@ -24,8 +24,21 @@ KORUnicodeString TextOf(std::string_view text) {
   return KORUnicodeString(text);
 }
 
-// The parameters of all lines of an analysis, line by line. Of a formula that stands there more than once the first is
-// the one that counts, and the others are left out.
+// Counts a row of a computed analysis as flawed.
+void Flaw(int row, const PlacedFailure& problem, BuiltAnalysis& built) {
+  built.Problems.push_back(problem);
+  built.Rows[static_cast<std::size_t>(row) - 1] = RowState::Flawed;
+  ++built.FlawedRows;
+}
+
+bool HasFormula(VEXTimeAnalysisLineData& line) {
+  KORRawCollPV parameters;
+  line.GetValue(KORFormulaParameterKey, parameters);
+  return parameters.Size() > 0;
+}
+
+}  // namespace
+
 std::vector<Parameter> CarriedParameters(const BuiltAnalysis& reused) {
   std::vector<Parameter> carried;
   std::set<std::pair<KORUnicodeString, KORUnicodeString>> known;  // owner and row of each formula
@@ -46,21 +59,6 @@ std::vector<Parameter> CarriedParameters(const BuiltAnalysis& reused) {
   }
   return carried;
 }
-
-// Counts a row of a computed analysis as flawed.
-void Flaw(int row, const PlacedFailure& problem, BuiltAnalysis& built) {
-  built.Problems.push_back(problem);
-  built.Rows[static_cast<std::size_t>(row) - 1] = RowState::Flawed;
-  ++built.FlawedRows;
-}
-
-bool HasFormula(VEXTimeAnalysisLineData& line) {
-  KORRawCollPV parameters;
-  line.GetValue(KORFormulaParameterKey, parameters);
-  return parameters.Size() > 0;
-}
-
-}  // namespace
 
 // The formula parameters that a row carries up; where they are too many, the row reuses nothing.
 std::vector<Parameter> AnalysisBuilder::TakeCarried(const FilePlace& place, const BuiltAnalysis*& reused,

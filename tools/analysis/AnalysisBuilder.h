@@ -59,6 +59,10 @@ class AnalysisBuilder {
   std::size_t _CarriedParameters = 0;
 };
 
+/// The formula parameters that a row carries up from the analysis that it reuses: those of all lines, line by line. Of
+/// a formula that stands there more than once the first is the one that counts, and the others are left out.
+std::vector<VEXTimeAnalysisFormulaParameter> CarriedParameters(const BuiltAnalysis& reused);
+
 /// Key of a line under which the time of a time type stands; empty for what is no time type.
 std::string_view TimeKeyOf(std::string_view time_type);
 

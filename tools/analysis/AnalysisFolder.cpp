@@ -9,6 +9,7 @@
 #include "platform/base/KORUnicodeString.h"
 #include "platform/system/KORFileContent.h"
 #include "tools/analysis/AnalysisMessages.h"
+#include "tools/analysis/FolderListing.h"
 #include "tools/analysis/ReuseOrder.h"
 
 namespace tool {
@@ -19,12 +20,14 @@ namespace files = std::filesystem;
 
 constexpr std::string_view Extension = ".csv";
 
-std::string WithoutExtension(std::string name) {
-  if (name.ends_with(Extension)) name.resize(name.size() - Extension.size());
-  return name;
+// The folder of a name, with a "/" behind it; empty for the folder of the model.
+std::string FolderOf(const std::string& name) {
+  const std::size_t slash = name.rfind('/');
+  return slash == std::string::npos ? std::string() : name.substr(0, slash + 1);
 }
 
-// A path from a folder that does not lead out of it.
+}  // namespace
+
 bool IsPlainName(std::string_view name) {
   if (name.find('\\') != std::string_view::npos) return false;
   while (true) {
@@ -36,86 +39,29 @@ bool IsPlainName(std::string_view name) {
   }
 }
 
-// The folder of a name, with a "/" behind it; empty for the folder of the model.
-std::string FolderOf(const std::string& name) {
-  const std::size_t slash = name.rfind('/');
-  return slash == std::string::npos ? std::string() : name.substr(0, slash + 1);
-}
-
-// The folders and the analyses in a folder, each in the order of their names.
-struct Listing {
-  std::vector<std::string> Folders;
-  std::vector<std::string> Files;
-  std::error_code Error;
-};
-
-Listing List(const std::string& path) {
-  Listing listing;
-  files::directory_iterator entry(path, listing.Error);
-  while (!listing.Error && entry != files::directory_iterator()) {
-    const std::string name = entry->path().filename().string();
-    std::error_code ignored;
-    if (entry->symlink_status(ignored).type() == files::file_type::directory) {
-      if (!name.starts_with('.')) listing.Folders.push_back(entry->path().string());
-    } else if (name.ends_with(Extension) && !name.starts_with('.')) {
-      listing.Files.push_back(entry->path().string());
-    }
-    entry.increment(listing.Error);
-  }
-  std::sort(listing.Folders.begin(), listing.Folders.end());
-  std::sort(listing.Files.begin(), listing.Files.end());
-  return listing;
-}
-
-}  // namespace
-
-AnalysisFolder::AnalysisFolder(const std::string& path, Tell tell) : _Path(path), _Tell(std::move(tell)) {
-  std::error_code error;
-  _Canonical = files::canonical(path, error).string();
-}
-
-std::string AnalysisFolder::RelativeTo(const std::string& path) const {
-  const files::path whole = files::absolute(path).lexically_normal();
-  return whole.lexically_relative(files::absolute(_Path).lexically_normal()).generic_string();
+AnalysisFolder::AnalysisFolder(const std::string& path, Tell tell)
+    : _Path(path), _Canonical(CanonicalPath(path)), _Tell(std::move(tell)) {
 }
 
 bool AnalysisFolder::Holds(const std::string& path) const {
-  const std::string relative = RelativeTo(path);
+  const std::string relative = PathFrom(_Path, path);
   return !relative.empty() && relative != ".." && !relative.starts_with("../");
 }
 
-bool AnalysisFolder::LeadsOutside(const std::string& path) const {
-  std::error_code error;
-  const std::string target = files::canonical(path, error).string();
-  if (error) return false;  // the reading will tell
-  const std::string folder = _Canonical == "/" ? _Canonical : _Canonical + "/";
-  return !target.starts_with(folder);
-}
-
 void AnalysisFolder::AddAll(const std::string& path) {
-  const std::size_t before = _Members.size();
-  bool any_entry = false;
-  std::vector<std::string> folders{path};
-  while (!folders.empty()) {
-    const std::string folder = std::move(folders.back());
-    folders.pop_back();
-    const Listing listing = List(folder);
-    if (listing.Error) {
-      _Tell(FolderNotReadable(folder, listing.Error.message()));
-      any_entry = true;
-    }
-    for (const std::string& file : listing.Files) {
-      any_entry = true;
-      Add(file, Links::WithinTheFolder);
-    }
-    folders.insert(folders.end(), listing.Folders.rbegin(), listing.Folders.rend());
-  }
-  if (_Members.size() == before && !any_entry) _Tell(FolderWithoutAnalyses(path));
+  bool any_unreadable = false;
+  const std::vector<std::string> paths =
+      FilesBelow(path, Extension, [&](const std::string& folder, const std::string& cause) {
+        _Tell(FolderNotReadable(folder, cause));
+        any_unreadable = true;
+      });
+  for (const std::string& file : paths) Add(file, Links::WithinTheFolder);
+  if (paths.empty() && !any_unreadable) _Tell(FolderWithoutAnalyses(path));
 }
 
 void AnalysisFolder::Add(const std::string& path, Links links) {
-  const std::string file_name = RelativeTo(path);
-  const std::string name = WithoutExtension(file_name);
+  const std::string file_name = PathFrom(_Path, path);
+  const std::string name = WithoutExtension(file_name, Extension);
   const auto known = _ByName.find(name);
   const std::size_t member = known == _ByName.end() ? Load(name, file_name, links) : known->second;
   if (member != NoAnalysis) _Members[member].IsWanted = true;
@@ -125,7 +71,7 @@ void AnalysisFolder::Add(const std::string& path, Links links) {
 std::size_t AnalysisFolder::Load(const std::string& name, const std::string& file_name, Links links) {
   const std::string path = _Path == "." ? file_name : (files::path(_Path) / file_name).string();
   std::size_t& member = _ByName.emplace(name, NoAnalysis).first->second;
-  if (links == Links::WithinTheFolder && LeadsOutside(path)) {
+  if (links == Links::WithinTheFolder && LeadsOutOf(_Canonical, path)) {
     _Tell(AnalysisOutsideFolder(path, _Path));
     return member;
   }
@@ -159,7 +105,7 @@ std::size_t AnalysisFolder::FindReused(std::size_t member, std::size_t line, std
     _Members[member].ReuseFaults.push_back(ReuseNameNotPlain(place, name));
     return NoAnalysis;
   }
-  const std::string plain = WithoutExtension(std::string(name));
+  const std::string plain = WithoutExtension(std::string(name), Extension);
   std::vector<std::string> searched;
   for (std::string folder = FolderOf(_Members[member].Name);;) {
     const std::size_t found = Find(folder + plain);

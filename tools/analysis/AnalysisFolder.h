@@ -17,6 +17,10 @@
 
 namespace tool {
 
+/// True for a path from a folder that does not lead out of it: parts with "/" between them, none of them empty, "." or
+/// "..", and no "\".
+bool IsPlainName(std::string_view name);
+
 class AnalysisFolder {
  public:
   using Tell = std::function<void(const Failure&)>;
@@ -64,8 +68,6 @@ class AnalysisFolder {
   void FollowReuse(std::size_t member);
   std::size_t FindReused(std::size_t member, std::size_t line, std::string_view name);
   void CheckIdentifiers();
-  std::string RelativeTo(const std::string& path) const;
-  bool LeadsOutside(const std::string& path) const;
 
   std::string _Path;
   std::string _Canonical;

@@ -4,6 +4,7 @@
 #include "tools/JsonLine.h"
 #include "tools/NumberText.h"
 #include "tools/analysis/CalcReport.h"
+#include "tools/analysis/CsvField.h"
 
 namespace tool {
 
@@ -49,18 +50,6 @@ nlohmann::ordered_json LineJson(const ResultLine& line, const VEXSTMTimeAnalysis
   json["picture"] = line.Picture;
   json["state"] = NameOf(line.State);
   return json;
-}
-
-// field: quoted if it would be read as more than one, or begins like a comment or with a blank.
-std::string CsvField(std::string_view text) {
-  const bool plain = text.find_first_of(",;\t\"\r\n") == std::string_view::npos && !text.starts_with('#');
-  if (plain) return std::string(text);
-  std::string quoted = "\"";
-  for (const char character : text) {
-    if (character == '"') quoted += '"';
-    quoted += character;
-  }
-  return quoted + "\"";
 }
 
 std::string CsvNumber(const std::optional<double>& number) {

@@ -5,8 +5,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
-#include <span>
-#include <string>
 #include <utility>
 
 #include "platform/base/KORNumberText.h"
@@ -234,6 +232,27 @@ class RowFormulaReader {
 RowFormula ReadRowFormula(const FilePlace& place, const FormulaCells& cells, const FormulaOwner& owner,
                           std::vector<VEXTimeAnalysisFormulaParameter> carried) {
   return RowFormulaReader(place, cells, std::move(carried)).Read(owner);
+}
+
+std::string ValuesOfFormula(std::span<const VEXTimeAnalysisFormulaParameter> formula) {
+  if (formula.empty()) return {};
+  const KORICkeExpression_var expression = ExpressionOf(formula.front()._Signature, formula.front()._Body);
+  const KORICkeSignature_var signature = expression->GetSignature();
+  std::string values;
+  int position = 0;
+  for (const Parameter& parameter : formula) {
+    ++position;
+    const KORICkeArg_var argument = signature.IsNull() ? KORICkeArg_var() : signature->GetArgument(position);
+    const bool is_output = !argument.IsNull() && argument->GetMode() == KORCke::OutputMode;
+    if (is_output && parameter._ValueText.Bytes() == StartOf(argument)) continue;
+    values +=
+        (values.empty() ? "" : "; ") + NamedValueText(parameter._ParameterName.Bytes(), parameter._ValueText.Bytes());
+  }
+  return values;
+}
+
+std::string NamedValueText(std::string_view name, std::string_view value) {
+  return std::string(name) + "=" + std::string(value);
 }
 
 }  // namespace tool

@@ -9,6 +9,8 @@
 // alone.
 #pragma once
 
+#include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -41,5 +43,12 @@ struct RowFormula {
 /// reused analysis.
 RowFormula ReadRowFormula(const FilePlace& place, const FormulaCells& cells, const FormulaOwner& owner,
                           std::vector<VEXTimeAnalysisFormulaParameter> carried);
+
+/// The column "values" of a formula: all that its parameters say beside what its outputs start with anyway. The other
+/// way round from ReadRowFormula; a value with a ";" in it, or blanks at its ends, does not come back.
+std::string ValuesOfFormula(std::span<const VEXTimeAnalysisFormulaParameter> formula);
+
+/// One value of that column.
+std::string NamedValueText(std::string_view name, std::string_view value);
 
 }  // namespace tool

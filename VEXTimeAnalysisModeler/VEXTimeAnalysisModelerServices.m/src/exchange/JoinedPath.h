@@ -16,7 +16,7 @@ struct FreeMemory {
 };
 
 /// The path of a file in a folder; nothing if KORMakePath gives none, as for a name that leads out of the folder.
-inline std::optional<KORUnicodeString> JoinedPath(const KORUnicodeString& folder, const KORUnicodeString& file) {
+inline std::optional<KORUnicodeString> JoinPath(const KORUnicodeString& folder, const KORUnicodeString& file) {
   char* path = nullptr;
   (void)KORMakePath(folder, file, path);  // the path tells
   const std::unique_ptr<char, FreeMemory> owner(path);

@@ -5,6 +5,8 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "exchange/JoinedPath.h"
 #include "platform/base/KORStatus.h"
@@ -38,6 +40,18 @@ long MakeStreamKey(const KORUnicodeString& name, StreamKey& key) {
   return status;
 }
 
+// What the name of a file says, cut at its first ".".
+struct FileName {
+  KORUnicodeString Base;       // the whole name if it has no "."
+  KORUnicodeString Extension;  // empty if it has no "."
+};
+
+FileName CutFileName(const KORUnicodeString& file) {
+  const int dot = file.SearchSubString(".");
+  if (dot < 0) return {file, {}};
+  return {file.SubString(0, dot), file.SubString(dot + 1, file.GetLengthInChar())};
+}
+
 KORUnicodeString FilePartOf(const KORUnicodeString& path) {
   KORUnicodeString folder;
   KORUnicodeString file;
@@ -56,13 +70,21 @@ KORUnicodeString PictureOfLine(VEXITimeAnalysisLines& lines, int row) {
 
 }  // namespace
 
-FileNameParts CutFileName(const KORUnicodeString& file) {
-  const int dot = file.SearchSubString(".");
-  if (dot < 0) return {file, {}};
-  return {file.SubString(0, dot), file.SubString(dot + 1, file.GetLengthInChar())};
+long SplitPath(const KORUnicodeString& path, PathTexts texts) {
+  KORUnicodeString folder;
+  KORUnicodeString file;
+  const long status = KORSplitPathEx(path, folder, file);
+  if (!file.IsEmpty()) {
+    FileName name = CutFileName(file);
+    texts.BaseName = std::move(name.Base);
+    texts.Extension = std::move(name.Extension);
+  }
+  texts.Folder = std::move(folder);
+  texts.File = std::move(file);
+  return status;
 }
 
-bool IsSupportedPicture(const KORUnicodeString& path, std::span<const KORString> filters, KORUnicodeString& extension) {
+bool IsSupportedType(const KORUnicodeString& path, std::span<const KORString> filters, KORUnicodeString& extension) {
   const int dot = path.SearchSubStringBackward(".");
   if (dot <= 0) return false;
   KORUnicodeString found = path.SubString(dot + 1, path.GetLengthInChar());
@@ -83,7 +105,7 @@ long AddPicture(const KORBaseUnknown_var& analysis, const KORUnicodeString& path
   (void)KORVVSUrlUtils::FromNativeFilePathToUrl(path, url);  // a URL that names nothing cannot be added
   const KORUnicodeString file = FilePartOf(path);
   if (file.IsEmpty()) return status;
-  const FileNameParts name = CutFileName(file);
+  const FileName name = CutFileName(file);
   return KOROmbRepRefLoadingServices::AddExtendedSDForRepRef(representation, name.Extension, name.Base, url, 0);
 }
 
@@ -100,7 +122,7 @@ long FetchPicture(const KORBaseUnknown_var& analysis, const KORUnicodeString& pi
   const auto content = KORIOmbNonZENTAStreamDescriptor_var::Adopt(found);
   if (Failed(status) || content.IsNull()) return status;
   // The whole argument is joined, not its file alone: a picture in a folder comes out in that folder.
-  const std::optional<KORUnicodeString> target = JoinedPath(KORGetEnv("KORTemp"), picture);
+  const std::optional<KORUnicodeString> target = JoinPath(KORGetEnv("KORTemp"), picture);
   if (!target) return E_INVALIDARG;
   path = *target;
   return content->CopyStreamToFile(*target, 1);

@@ -11,16 +11,18 @@
 
 namespace exchange {
 
-/// What the name of a file says. A name is cut at its first ".": "seat.left.png" is "seat" and "left.png".
-struct FileNameParts {
-  KORUnicodeString Base;       // the whole name if it has no "."
-  KORUnicodeString Extension;  // empty if it has no "."
+/// The texts that a path is taken apart into, as GetDirNameFileNameFileTypeFromFilePath fills them.
+struct PathTexts {
+  KORUnicodeString& Folder;
+  KORUnicodeString& File;
+  KORUnicodeString& BaseName;
+  KORUnicodeString& Extension;
 };
-FileNameParts CutFileName(const KORUnicodeString& file);
+long SplitPath(const KORUnicodeString& path, PathTexts texts);
 
 /// filters  rows of patterns, as "*.jpg;*.jpeg"; an extension is supported if "*." and the extension, in lower case,
 ///          stand anywhere in a row
-bool IsSupportedPicture(const KORUnicodeString& path, std::span<const KORString> filters, KORUnicodeString& extension);
+bool IsSupportedType(const KORUnicodeString& path, std::span<const KORString> filters, KORUnicodeString& extension);
 
 long AddPicture(const KORBaseUnknown_var& analysis, const KORUnicodeString& path);
 long FetchPicture(const KORBaseUnknown_var& analysis, const KORUnicodeString& picture, KORUnicodeString& path);

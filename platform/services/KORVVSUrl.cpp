@@ -1,0 +1,44 @@
+// Where the content of a stream comes from.
+#include "platform/services/KORVVSUrl.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+#include "platform/base/KORStatus.h"
+#include "platform/system/KORHostPath.h"
+#include "platform/system/KORSession.h"
+
+namespace {
+
+// The bytes that stand in the path of a URL as they are; all others are escaped.
+constexpr std::string_view PlainBytes =
+    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~!$&'()*+,;=:@/";
+
+std::string Escaped(std::string_view path) {
+  constexpr std::string_view digits = "0123456789ABCDEF";
+  std::string text;
+  for (const char character : path) {
+    if (PlainBytes.find(character) != std::string_view::npos) {
+      text += character;
+    } else {
+      const auto byte = static_cast<unsigned char>(character);
+      text += {'%', digits[byte >> 4], digits[byte & 0xF]};
+    }
+  }
+  return text;
+}
+
+}  // namespace
+
+long KORVVSUrlUtils::FromNativeFilePathToUrl(const KORUnicodeString& path, KORVVSUrl& url) {
+  if (const long fault = KORSession::Current().GetFault("FromNativeFilePathToUrl"); fault != S_OK) return fault;
+  if (path.IsEmpty()) return E_INVALIDARG;
+  std::error_code failure;
+  const std::string absolute = std::filesystem::absolute(KORHostPath(path.Bytes()), failure).string();
+  if (failure) return E_FAIL;
+  url._Text = KORUnicodeString(std::string_view("file://" + Escaped(absolute)));
+  url._Path = KORUnicodeString(std::string_view(absolute));
+  return S_OK;
+}

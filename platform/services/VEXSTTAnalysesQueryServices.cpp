@@ -1,0 +1,49 @@
+// Looks time analyses up by their attributes.
+#include "platform/services/VEXSTTAnalysesQueryServices.h"
+
+#include <algorithm>
+#include <optional>
+#include <string_view>
+#include <variant>
+
+#include "platform/base/KORStatus.h"
+#include "platform/model/KORModel.h"
+#include "platform/system/KORSession.h"
+
+namespace {
+
+// True if the attribute is set as a text and has that value.
+bool HasText(const KORKeyedValues& attributes, const KORString& name, const KORUnicodeString& value) {
+  const std::optional<KORKeyedValues::View> present = attributes.Look(name.Bytes());
+  const auto* const text = present ? std::get_if<std::string_view>(&*present) : nullptr;
+  return text != nullptr && *text == value.Bytes();
+}
+
+bool HasAll(const KORKeyedValues& attributes, const VEXSTTAdpIdentificationSet& set) {
+  const auto& wanted = set.GetAttributes();
+  return std::all_of(wanted.begin(), wanted.end(), [&attributes](const auto& attribute) {
+    return HasText(attributes, attribute.first, attribute.second);
+  });
+}
+
+}  // namespace
+
+long VEXSTTAdpIdentificationSet::AddAttribute(const KORString& name, const KORUnicodeString& value) {
+  if (const long fault = KORSession::Current().GetFault("AddAttribute"); fault != S_OK) return fault;
+  _Attributes.emplace_back(name, value);
+  return S_OK;
+}
+
+long VEXSTTAnalysesQueryServices::GetElementByIdentificationSet(const VEXSTTAdpIdentificationSet& set,
+                                                                KORBaseUnknown*& element) {
+  element = nullptr;
+  if (const long fault = KORSession::Current().GetFault("GetElementByIdentificationSet"); fault != S_OK) return fault;
+  if (set.GetAttributes().empty()) return E_INVALIDARG;
+  for (const KORHandle<VEXTimeAnalysisRepReference>& analysis : KORModel::Current().GetTimeAnalyses()) {
+    if (!HasAll(analysis->GetAttributes(), set)) continue;
+    element = analysis->GetImpl(0);
+    element->AddRef();
+    return S_OK;
+  }
+  return E_FAIL;
+}

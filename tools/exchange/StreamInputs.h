@@ -1,0 +1,30 @@
+// The streams that a command is given: files, folders of them, and standard input.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tools/Answers.h"
+#include "tools/CommandLine.h"
+#include "tools/Surroundings.h"
+
+namespace tool {
+
+struct StreamInput {
+  std::string Path;        // as messages call it
+  std::string Identifier;  // of the analysis
+  bool IsStandardInput = false;
+  bool IsNamed = true;  // by its file or by --identifier
+};
+
+/// The streams in the order of the command line; those of a folder, and of folders in it, are the files whose names end
+/// in ".stream". What cannot be found goes to `answers`.
+///
+/// An analysis is called by the name of its file without the extension, in a folder by its path from there; the one of
+/// standard input "standard-input". --identifier names another for a single one. Raises IdentifierOfSeveral.
+std::vector<StreamInput> FindStreams(const CommandLine& line, Answers& answers);
+
+/// The bytes of a stream. Raises StreamNotReadable and StreamTooLong.
+std::string ReadStreamBytes(const StreamInput& input, const Surroundings& surroundings);
+
+}  // namespace tool
