@@ -7,8 +7,8 @@
 //                                    "TALINESDETAILS" an array for the lines. All else comes out as it stands there.
 //   TALineAttributes_Template.JSON   one line: an object whose keys are those of VEXTimeAnalysisLineData
 //
-// A key of TAATTRIBUTES and of the line template has an example beside it, which tells the type of its values and is
-// never exported itself:
+// A key of TAATTRIBUTES and of the line template has an example beside it, which tells the type of its values. An
+// example of the four types is never exported itself:
 //
 //   example             values                                                a value of another type, or none, gives
 //   false, true         booleans                                              false
@@ -42,7 +42,8 @@
 /// JSON export of time analyses. All service operations are static; an object of the class holds nothing.
 ///
 /// Threads: an operation runs on the thread of its caller, which is that of the analysis. Distinct analyses may be
-/// exported on distinct threads at once.
+/// exported on distinct threads at once; those of one identifier, and those without one, share the name of their file
+/// and then need folders of their own.
 class VEXTIMEANALYSISMODELER_API VEXSTMJSONServices : public KORBaseUnknown {
  public:
   VEXSTMJSONServices() = default;
@@ -60,11 +61,13 @@ class VEXTIMEANALYSISMODELER_API VEXSTMJSONServices : public KORBaseUnknown {
   static VEXSTMJSONServices* CreateItself();
 
   /// Gives each analysis of a list a JSON stream of its attributes and lines, unless it has one: a JSON stream is never
-  /// written anew, whatever has become of the analysis. The templates are read once for all analyses of the list.
+  /// written anew, whatever has become of the analysis. (A picture that was added as "grip.JSON" is one, too.) The
+  /// templates are read once for all analyses of the list.
   ///
   /// Returns the status that CreateStreamDiscriptorOnTA_FromJSON gave for the last analysis for which it was called; an
   /// earlier failure does not show in it and does not end the walk. S_OK if it was called for none, as for an empty
-  /// list and where all analyses have a JSON stream. An object without lines has those of the template.
+  /// list and where all analyses have a JSON stream. For an object without a line
+  /// table, what stands under TALINESDETAILS stays.
   ///
   /// What an analysis does not have, and what is wrong with a template, is no failure; see above what comes out then.
   static long CreateAndUpdateJSONOnTA(KORListValKORBaseUnknown_var& analyses);
@@ -76,13 +79,15 @@ class VEXTIMEANALYSISMODELER_API VEXSTMJSONServices : public KORBaseUnknown {
   /// analysis  the analysis
   ///
   /// The file is called like the analysis, with ".JSON" behind it, and lies in the folder of the environment variable
-  /// "KORTemp", or of "QRN_TVS_TMP" while the session is captured or replayed. A file of that name is replaced. It
-  /// stays there, also if it cannot be added to the analysis.
+  /// "KORTemp", or of "QRN_TVS_TMP" while the session is captured or replayed; for an identifier with "/" in a folder
+  /// below, which has to be there. A file of that name is replaced. It stays there, also if it cannot be added to the
+  /// analysis.
   ///
   ///   S_OK          the stream is on the analysis; one of the same format and name is replaced
-  ///   E_INVALIDARG  no path can be had, nothing is written: the analysis is null or has no properties, the variable is
-  ///                 not set, or the identifier is an absolute path, has a part "..", holds a NUL or another control
-  ///                 character, or is too long for the name of a file (255 bytes with the extension)
+  ///   E_INVALIDARG  no path can be had (KORMakePath), nothing is written: the analysis is null or has no properties,
+  ///   the
+  ///                 variable is not set, or the identifier leads out of the folder, holds a control character, or is
+  ///                 too long
   ///   E_FAIL        the file cannot be written, as into a folder that is not there or on a full disk, or cannot be
   ///                 added
   /// A file that cannot be written whole is not left behind, and never added.

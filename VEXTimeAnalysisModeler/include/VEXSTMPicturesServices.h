@@ -28,8 +28,9 @@
 /// Services for the pictures of time analyses. All operations are static; an object of the class holds nothing.
 ///
 /// Threads: an operation runs on the thread of its caller, which is that of the analysis. Distinct analyses may be
-/// served on distinct threads at once; fetches of one picture name into one temporary folder then overwrite each
-/// other's file, each with a whole picture.
+/// served on distinct threads at once. Fetches of one picture name into one temporary folder then overwrite each
+/// other's file, each with a whole picture; so copies of one name at once need temporary folders of their own, lest one
+/// takes the other's picture or finds none.
 class VEXTIMEANALYSISMODELER_API VEXSTMPicturesServices {
  public:
   /// Names of the groups of image files that a file selection offers, as a user reads them.
@@ -57,9 +58,9 @@ class VEXTIMEANALYSISMODELER_API VEXSTMPicturesServices {
   /// analysis   a representation reference, by any of its interfaces; null raises the null-handle error, a KORError
   /// full_path  path of the file
   ///
-  ///   S_OK           the picture is on the analysis; or `full_path` is empty or ends in a separator, and nothing was
-  ///   done E_NOINTERFACE  the object is no representation reference E_FAIL         there is no readable regular file
-  ///   under the path, or it is larger than 1 GiB
+  ///   S_OK           the picture is on the analysis; or nothing was done, as `full_path` has no file at its end
+  ///   E_NOINTERFACE  the object is no representation reference
+  ///   E_FAIL         there is no readable regular file under the path, or one of more than 1 GiB
   /// On failure the analysis is as it was.
   static long AddPictureOnTARep(KORBaseUnknown_var analysis, const KORUnicodeString& full_path);
 
@@ -76,11 +77,10 @@ class VEXTIMEANALYSISMODELER_API VEXSTMPicturesServices {
   ///
   ///   S_OK           the file holds the picture, byte for byte as it was added
   ///   E_NOINTERFACE  the object is no representation reference
-  ///   E_INVALIDARG   no path can be had, nothing is written: "KORTemp" is not set, or `picture` is an absolute path,
-  ///                  has a part "..", holds a NUL or another control character, or has a part of more than 255 bytes
-  ///   E_FAIL         the analysis is null or has no picture of that base name, or the file cannot be written, as into
-  ///   a
-  ///                  folder that is missing or on a full disk
+  ///   E_INVALIDARG   no path can be had (KORMakePath), nothing is written: "KORTemp" is not set, or `picture` leads
+  ///                  out of that folder, holds a control character, or is too long
+  ///   E_FAIL         the analysis is null or has no picture of that base name, or the file cannot be written: its
+  ///                  folder is missing, or the disk is full
   static long GetPictureOnTARep(KORBaseUnknown_var& analysis, const KORUnicodeString& picture, KORUnicodeString& path);
 
   /// Removes a picture from an analysis; of several with its base name, the one that was added first. The lines that
@@ -119,17 +119,17 @@ class VEXTIMEANALYSISMODELER_API VEXSTMPicturesServices {
   /// "grip.gif" gives 0 and "gif"; "grip" and ".png" give 0.
   static unsigned char CheckPictureType(const KORUnicodeString& path, KORUnicodeString& extension);
 
-  /// Tells whether a file is there and is an image of a supported type by its name (CheckPictureType).
+  /// Tells whether something is there, be it a file or a folder, that is an image of a supported type by its name
+  /// (CheckPictureType).
   ///
-  /// extension  [out] as with CheckPictureType; left as it was if there is no such file
+  /// extension  [out] as with CheckPictureType; left as it was if nothing is there
   /// Returns    1 or 0; 0 for an empty path.
   static unsigned char IsPictureValid(const KORUnicodeString& path, KORUnicodeString& extension);
 
   /// Takes a path apart. A text that is given as `path` may be given for an output, too.
   ///
-  /// folder     [out] what stands ahead of the last separator, without it unless it is the root folder; empty for a
-  /// path
-  ///            without separator
+  /// folder     [out] what stands ahead of the last separator, without it unless it is the root folder; empty if there
+  ///            is no separator
   /// file       [out] what stands behind the last separator; empty for a path that ends in one
   /// base_name  [out] what stands ahead of the first "." of the file; the whole file if it has none. Left as it was if
   ///            the file is empty.

@@ -12,7 +12,8 @@
 //
 // A type is 3 (integer), 5 (real), 8 (text), 11 (boolean) or 13 (another analysis, by its "PLM_ExternalID"). The types
 // of the keys are fixed; what an item says is not looked at. Numbers are read and written with "." as decimal
-// character in every locale. Times are seconds on lines and TMU in the totals; -0.036 stands for no value.
+// character in every locale. Times on lines are seconds, and -0.036 stands for no value; attributes are as the analysis
+// holds them.
 //
 // A value that is read ends at its first ":". In a stream it cannot hold a "|" either.
 //
@@ -51,7 +52,7 @@ class VEXTIMEANALYSISMODELER_API VEXTADataIO : public KORBaseUnknown {
   /// VEXITimeAnalysisRepReference::GetAllValues, then its lines, cell by cell, in the order of
   /// VEXITimeAnalysisLines::GetLineAttributes. The analysis stays as it is.
   ///
-  /// identifier  "PLM_ExternalID" by which the analysis is looked for if none is given
+  /// identifier  "PLM_ExternalID" by which the time analyses of the session are searched if none is given
   /// items       [out] one item for each attribute and each cell; what was in the list before goes, unless the
   ///             attributes of the analysis cannot be had: then the cells are appended to it
   /// analysis    the analysis; null: it is looked for
@@ -69,20 +70,21 @@ class VEXTIMEANALYSISMODELER_API VEXTADataIO : public KORBaseUnknown {
   /// line table, all lines of the analysis go before the first cell is written, and nothing brings them back. No time
   /// is calculated again and nothing is saved.
   ///
-  /// identifier  "PLM_ExternalID" by which the analysis is looked for if none is given
+  /// identifier  "PLM_ExternalID" by which the time analyses of the session are searched if none is given
   /// items       in order: header items ahead of the cells that use them, rows rising from 1. Never changed.
   /// analysis    the analysis; null: it is looked for
   ///
   /// Returns the status of the last item that has one; earlier failures do not show in it, and none ends the walk:
   ///   S_OK            the attribute was set, or the line was stored
   ///   E_INVALIDARG    the item is passed over: its key is none of the exchange (told in the trace), its column has no
-  ///                   header item, or it has fewer fields than its form; also what a line table gives for a row beyond
-  ///                   the one just past its last
+  ///                   header item, or it has fewer fields than its form; also what a line table gives for a row below
+  ///                   0 or beyond the one just past its last
   /// E_FAIL if no item had a status, for an empty list, with nothing changed, and if no analysis is found.
   /// E_NOINTERFACE at the first cell for an object without a line table; what was set before stays. An object that is
   /// no time analysis ends the process.
   ///
-  /// A number that cannot be read is 0. A "subanalysis" that is not found leaves the cell as it is, without a word.
+  /// A number that cannot be read is 0. A "subanalysis" that is not found leaves the cell as it is, without a word;
+  /// each of them costs a search of all analyses of the session. Apart from that the time is proportional to the cells.
   static long SetAnalysisData(const KORUnicodeString& identifier, KORListValKORUnicodeString& items,
                               KORBaseUnknown* analysis);
 };

@@ -276,8 +276,8 @@ TEST_P(PlatformFaultTest, LeavesTheAnalysisWithoutAStream) {
 
 INSTANTIATE_TEST_SUITE_P(Operations, PlatformFaultTest,
                          testing::Values(FaultRow{"KORMakePath", E_INVALIDARG, false},
-                                         FaultRow{"KORFOpen", Fault, false}, FaultRow{"KORFWrite", Fault, false},
-                                         FaultRow{"KORFClose", Fault, false},
+                                         FaultRow{"KORFOpen", Fault, false}, FaultRow{"KORFWrite", E_FAIL, false},
+                                         FaultRow{"KORFClose", E_FAIL, false},
                                          FaultRow{"FromNativeFilePathToUrl", E_FAIL, true},
                                          FaultRow{"AddExtendedSDForRepRef", Fault, true}),
                          RowName());

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <thread>
 #include <type_traits>
@@ -17,8 +18,6 @@
 
 namespace {
 
-using exchangetest::Cell;
-using exchangetest::Header;
 using exchangetest::LinesOf;
 using exchangetest::NewAnalysis;
 using exchangetest::TextList;

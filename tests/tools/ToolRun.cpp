@@ -7,6 +7,10 @@
 
 ToolOutcome RunInProcess(const std::vector<std::string>& arguments, const ToolInput& input) {
   KORSession session;
+  return RunInSession(session, arguments, input);
+}
+
+ToolOutcome RunInSession(KORSession& session, const std::vector<std::string>& arguments, const ToolInput& input) {
   for (const char* name : {"KORStartupPath", "XDG_CONFIG_HOME", "HOME"}) session.UnsetEnvironment(name);
   for (const auto& [name, value] : input.Environment) {
     session.SetEnvironment(name, KORUnicodeString(std::string_view(value)));

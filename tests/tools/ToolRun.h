@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/system/KORSession.h"
+
 /// What one run is given besides its arguments.
 struct ToolInput {
   std::string Input;  // standard input
@@ -19,4 +21,8 @@ struct ToolOutcome {
   int ExitStatus = -1;
 };
 
+/// Runs the tool in a session that outlives the run, so that what it made there can be looked at.
+ToolOutcome RunInSession(KORSession& session, const std::vector<std::string>& arguments, const ToolInput& input = {});
+
+/// Runs it in a session of its own.
 ToolOutcome RunInProcess(const std::vector<std::string>& arguments, const ToolInput& input = {});

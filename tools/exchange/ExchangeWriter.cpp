@@ -115,7 +115,9 @@ std::string ExchangeWriter::FileTextOf(const ExchangedAnalysis& analysis, const 
   const FileComparison found = CompareWithFile(*analysis.Analysis, *reread.Analysis, written.Rows, _Vocabulary);
   (void)reread.Analysis->RemoveAllLines();  // the model keeps the analysis
   TellLosses(analysis, found.Losses);
-  for (const PlacedFailure& problem : reread.Problems) TellLoss(problem);
+  if (analysis.IsComplete) {
+    for (const PlacedFailure& problem : reread.Problems) TellLoss(problem);
+  }
   if (!found.Attributes.empty() || !found.Keys.empty()) {
     _Answers.Tell(LeftOutOfForm(analysis, found.Attributes, found.Keys, "a file of calc"));
   }
@@ -144,7 +146,8 @@ void ExchangeWriter::TellShadowedReuse() {
   for (const Document& document : _Documents) {
     for (const std::string& reused : document.Reused) {
       const std::string found = FoundFirst(document.Identifier, reused, identifiers);
-      if (found != reused) TellLoss(ReuseShadowed({document.Identifier, document.Source, {}, {}, true}, reused, found));
+      if (found != reused)
+        TellLoss(ReuseShadowed({document.Identifier, document.Source, {}, {}, true, true}, reused, found));
     }
   }
 }

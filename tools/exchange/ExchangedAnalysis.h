@@ -17,6 +17,7 @@ struct ExchangedAnalysis {
   AnalysisHandle Analysis;
   std::vector<std::size_t> FileLines;  // of its rows in the source; empty: messages tell rows
   bool IsNamed = true;                 // false: nobody has given it the identifier, so that a file need not tell it
+  bool IsComplete = true;              // false: it has faults that were told
 };
 
 /// Number of lines of an analysis.

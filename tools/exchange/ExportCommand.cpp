@@ -10,7 +10,7 @@ namespace tool {
 namespace {
 
 ExchangedAnalysis Exchanged(const AnalysisFolder::Member& member, const BuiltAnalysis& built) {
-  ExchangedAnalysis analysis{member.Identifier, member.File.GetPath(), built.Analysis, {}, true};
+  ExchangedAnalysis analysis{member.Identifier, member.File.GetPath(), built.Analysis, {}, true, built.IsComplete};
   for (const AnalysisRow& row : member.File.GetRows()) analysis.FileLines.push_back(row.Line);
   return analysis;
 }

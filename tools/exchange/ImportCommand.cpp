@@ -29,7 +29,7 @@ class StreamImport {
       : _Line(line), _Surroundings(surroundings), _Answers(answers) {
     for (StreamInput& input : FindStreams(line, answers)) {
       AnalysisHandle made = Make(input.Identifier);
-      _Analyses.push_back({input, {input.Identifier, input.Path, std::move(made), {}, input.IsNamed}});
+      _Analyses.push_back({input, {input.Identifier, input.Path, std::move(made), {}, input.IsNamed, true}});
     }
   }
 

@@ -113,8 +113,7 @@ int WriteIn(int folder, const std::string& name, std::string_view content, Outpu
   Descriptor file(
       openat(folder, temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, AnybodyReadsUpToTheMask));
   if (!file.IsOpen()) return errno;
-  const bool done = WriteAll(file, content) && fsync(file.Get()) == 0 && file.Close() &&
-                    Place(folder, temporary.c_str(), name.c_str(), present);
+  const bool done = WriteAll(file, content) && file.Close() && Place(folder, temporary.c_str(), name.c_str(), present);
   const int error = done ? 0 : errno;
   if (!done) (void)unlinkat(folder, temporary.c_str(), 0);
   return error;

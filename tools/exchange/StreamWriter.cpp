@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 #include <string_view>
+#include <utility>
 
 #include "tools/exchange/StreamText.h"
 
@@ -91,17 +92,22 @@ class StreamWriter {
     }
   }
 
+  // The cells of a line stand in the order of the columns.
   void WriteLine(int row) {
-    const std::string row_text = std::to_string(row);
-    bool has_cell = false;
-    const auto write = [&](const ExchangeName& name, std::string_view text) {
-      Append({"LineData", "et_linedata", row_text, _Places.at(name.Column), TypeText(name.Type), text});
-      has_cell = true;
-    };
+    std::map<int, std::pair<const ExchangeName*, std::string>> cells;
     ValuesOfLine(_Analysis, row).ForEach([&](std::string_view key, const KORKeyedValues::View& value) {
-      if (const ExchangeName* const name = NameOfCell(key, value)) write(*name, TextOfValue(value));
+      const ExchangeName* const name = NameOfCell(key, value);
+      if (name != nullptr) cells.emplace(name->Column, std::pair(name, TextOfValue(value)));
     });
-    if (!has_cell) write(_Vocabulary.OfLineKey(RowNumberKey), row_text);
+    const std::string row_text = std::to_string(row);
+    if (cells.empty()) {
+      const ExchangeName& row_number = _Vocabulary.OfLineKey(RowNumberKey);
+      cells.emplace(row_number.Column, std::pair(&row_number, row_text));
+    }
+    for (const auto& [column, cell] : cells) {
+      const auto& [name, text] = cell;
+      Append({"LineData", "et_linedata", row_text, _Places.at(column), TypeText(name->Type), text});
+    }
   }
 
   static std::string TypeText(ExchangeType type) { return std::to_string(static_cast<int>(type)); }

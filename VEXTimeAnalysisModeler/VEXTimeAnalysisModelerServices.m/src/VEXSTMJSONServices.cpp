@@ -4,10 +4,8 @@
 #include "exchange/AnalysisJson.h"
 
 const KORMetaClass* VEXSTMJSONServices::MetaObject() {
-  static const KORMetaClass description{
-      "VEXSTMJSONServices",
-      {{0x5e, 0x0b, 0x7a, 0x31, 0xc2, 0x44, 0x4d, 0x19, 0x9f, 0x60, 0x2d, 0x8e, 0x13, 0xa7, 0x54, 0x02}},
-      KORBaseUnknown::MetaObject()};
+  static const KORMetaClass description{"VEXSTMJSONServices", KORUuid::OfName("VEXSTMJSONServices"),
+                                        KORBaseUnknown::MetaObject()};
   return &description;
 }
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "exchange/JoinedPath.h"
+#include "exchange/JoinPath.h"
 #include "exchange/JsonTemplate.h"
 #include "platform/base/KORStatus.h"
 #include "platform/model/VEXITimeAnalysisLines.h"
@@ -44,7 +44,7 @@ KOROmxJsonArray LinesIn(const KOROmxJsonObject& document) {
   return lines;
 }
 
-/// The template of the whole file, with its two sections at hand.
+/// The template of the whole file, with its two sections, which are made out of it, at hand.
 struct CompleteTemplate {
   KOROmxJsonObject Document = ReadTemplate(CompleteTemplateName);
   JsonTemplate Attributes{AttributesIn(Document)};
@@ -101,13 +101,14 @@ KORUnicodeString FolderOfFiles() {
   return KORGetEnv(is_recorded ? "QRN_TVS_TMP" : "KORTemp");
 }
 
-// A file that cannot be written whole is not there afterwards.
+// A file that cannot be written whole is not there afterwards, and so cannot be added: that tells of it.
 long WriteFile(const KORUnicodeString& path, const KORUnicodeString& text) {
   int descriptor = 0;
-  if (const long status = KORFOpen(path, "w", descriptor); Failed(status)) return status;
-  const long written = text.IsEmpty() ? S_OK : KORFWrite(descriptor, text.ConvertToChar(), text.Bytes().size());
-  const long closed = KORFClose(descriptor);
-  return Failed(written) ? written : closed;
+  const long status = KORFOpen(path, "w", descriptor);
+  if (Failed(status)) return status;
+  if (!text.IsEmpty()) (void)KORFWrite(descriptor, text.ConvertToChar(), text.Bytes().size());
+  (void)KORFClose(descriptor);
+  return status;
 }
 
 }  // namespace

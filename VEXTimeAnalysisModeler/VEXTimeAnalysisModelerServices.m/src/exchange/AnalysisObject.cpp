@@ -10,6 +10,7 @@ namespace exchange {
 
 namespace {
 
+// What the end of the process names as its place: the class whose operations are called.
 constexpr const char* SourceName = "VEXTimeAnalysisModeler/VEXTimeAnalysisModelerServices.m/src/VEXTADataIO";
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-#include "exchange/JoinedPath.h"
+#include "exchange/JoinPath.h"
 #include "platform/base/KORStatus.h"
 #include "platform/model/PLMIRepInstance.h"
 #include "platform/model/VEXITimeAnalysisLines.h"
