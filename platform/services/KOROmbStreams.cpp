@@ -75,10 +75,9 @@ long KOROmbRepRefLoadingServices::AddExtendedSDForRepRef(const KORBaseUnknown_va
   if (const long fault = FaultOf("AddExtendedSDForRepRef"); fault != S_OK) return fault;
   KORStreamList* const streams = StreamsOf(object);
   if (streams == nullptr) return E_INVALIDARG;
-  const std::string path(url.GetNativeFilePath().Bytes());
   std::string content;
   std::string cause;
-  if (!KORReadFileContent(path, KORLongestStream, content, cause)) return E_FAIL;
+  if (!KORReadFileContent(url.GetNativeFilePath(), KORLongestStream, content, cause)) return E_FAIL;
   streams->Put({format, name}, std::move(content));
   return S_OK;
 }

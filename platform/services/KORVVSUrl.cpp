@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "platform/base/KORStatus.h"
 #include "platform/system/KORHostPath.h"
@@ -36,9 +37,9 @@ long KORVVSUrlUtils::FromNativeFilePathToUrl(const KORUnicodeString& path, KORVV
   if (const long fault = KORSession::Current().GetFault("FromNativeFilePathToUrl"); fault != S_OK) return fault;
   if (path.IsEmpty()) return E_INVALIDARG;
   std::error_code failure;
-  const std::string absolute = std::filesystem::absolute(KORHostPath(path.Bytes()), failure).string();
+  std::string absolute = std::filesystem::absolute(KORHostPath(path.Bytes()), failure).string();
   if (failure) return E_FAIL;
   url._Text = KORUnicodeString(std::string_view("file://" + Escaped(absolute)));
-  url._Path = KORUnicodeString(std::string_view(absolute));
+  url._Path = std::move(absolute);
   return S_OK;
 }

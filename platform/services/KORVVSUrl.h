@@ -1,6 +1,8 @@
 // Where the content of a stream comes from.
 #pragma once
 
+#include <string>
+
 #include "platform/base/KORExport.h"
 #include "platform/base/KORUnicodeString.h"
 
@@ -10,13 +12,14 @@ class KORPLATFORM_API KORVVSUrl {
   /// The URL, "%" and two hexadecimal digits standing for each byte that may not stand in it; empty if it names
   /// nothing.
   const KORUnicodeString& GetText() const { return _Text; }
-  /// The full path of the local file that the URL names, with "/" between folders; empty if it names nothing.
-  const KORUnicodeString& GetNativeFilePath() const { return _Path; }
+  /// The full path of the local file that the URL names, with "/" between folders, in the bytes of the file system;
+  /// empty if it names nothing.
+  const std::string& GetNativeFilePath() const { return _Path; }
 
  private:
   friend struct KORVVSUrlUtils;
   KORUnicodeString _Text;
-  KORUnicodeString _Path;
+  std::string _Path;
 };
 
 struct KORPLATFORM_API KORVVSUrlUtils {

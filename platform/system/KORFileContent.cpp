@@ -5,6 +5,7 @@
 #include <new>
 
 #include "platform/system/KORHostFile.h"
+#include "platform/system/KORHostPath.h"
 
 namespace {
 
@@ -23,7 +24,7 @@ std::string ReadAll(const KORHostFile& file, std::size_t length, std::string& co
 std::string Read(const std::string& path, std::size_t most, std::string& content) {
   KORHostFile file;
   std::size_t length = 0;
-  if (std::string cause = KOROpenRegularFile(path, file, length); !cause.empty()) return cause;
+  if (std::string cause = KOROpenRegularFile(KORHostPath(path), file, length); !cause.empty()) return cause;
   if (length > most) return "the file is longer than " + std::to_string(most) + " bytes";
   return ReadAll(file, length, content);
 }

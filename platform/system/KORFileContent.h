@@ -6,7 +6,7 @@
 
 #include "platform/base/KORExport.h"
 
-/// Reads a regular file whole.
+/// Reads a regular file whole, by a path of the current session.
 ///
 /// True and the bytes, or false and, in `cause`, the words for a person: the file is missing, unreadable, a folder, no
 /// regular file, longer than `most` bytes, or changed its length while it was read. `content` is empty then.

@@ -32,7 +32,7 @@ class OpenFiles {
 
   int Add(OpenFile file) {
     int descriptor = NewDescriptor();
-    while (_Files.contains(descriptor)) descriptor = NewDescriptor();
+    while (descriptor == 0 || _Files.contains(descriptor)) descriptor = NewDescriptor();
     _Files.emplace(descriptor, std::move(file));
     return descriptor;
   }

@@ -4,8 +4,10 @@
 #include <cctype>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "platform/base/KORStatus.h"
 #include "platform/system/KORHostPath.h"
@@ -35,18 +37,29 @@ bool IsAbsolute(std::string_view name) {
 }
 
 bool ArePartsFit(std::string_view name) {
-  for (bool more = true; more;) {
+  for (;;) {
     const std::size_t end = name.find_first_of(SeparatorsInNames);
     const std::string_view part = name.substr(0, end);
     if (part == ".." || part.size() > LongestPart) return false;
-    more = end != std::string_view::npos;
-    if (more) name.remove_prefix(end + 1);
+    if (end == std::string_view::npos) return !part.empty() && part != ".";
+    name.remove_prefix(end + 1);
   }
-  return true;
 }
 
 bool StaysInItsFolder(std::string_view name) {
   return !name.empty() && !HoldsControlCharacter(name) && !IsAbsolute(name) && ArePartsFit(name);
+}
+
+// Whether the name passes through a folder that is a link, and so may lie anywhere.
+bool PassesThroughLink(std::string_view folder, std::string_view name) {
+  const std::string_view separators = KORFolderSeparators();
+  for (std::size_t end = name.find_first_of(separators); end != std::string_view::npos;
+       end = name.find_first_of(separators, end + 1)) {
+    std::error_code failure;
+    const std::string inner = KORHostPath(KORJoinPath(folder, name.substr(0, end)));
+    if (std::filesystem::is_symlink(inner, failure)) return true;
+  }
+  return false;
 }
 
 // A copy for the caller to free; null if there is no memory for it.
@@ -64,6 +77,7 @@ long KORMakePath(const KORUnicodeString& folder, const KORUnicodeString& file, c
   const std::string_view folder_bytes = folder.Bytes();
   if (folder_bytes.empty() || folder_bytes.find('\0') != std::string_view::npos) return E_INVALIDARG;
   if (!StaysInItsFolder(file.Bytes())) return E_INVALIDARG;
+  if (PassesThroughLink(folder_bytes, file.Bytes())) return E_INVALIDARG;
   const std::string joined = KORJoinPath(folder_bytes, file.Bytes());
   if (joined.size() <= LongestPath) path = CopyOf(joined);
   return path == nullptr ? E_INVALIDARG : S_OK;

@@ -7,11 +7,11 @@
 /// Joins a folder and the name of a file in it.
 ///
 /// The name often comes from data, so it never leads out of the folder. No path is given for a name that is empty or
-/// absolute, that has a part "..", that holds a NUL or another control character, or of which a part is longer than
-/// 255 bytes; nor for an empty folder, one with a NUL, or a path of 4,096 bytes and more. A name may lie in a folder
-/// within the folder ("parts/grip.png"). "\" separates, too, when a name is checked; where the session's system
-/// separates folders with it, a name that begins with a drive ("C:") is absolute. A link that stands in the folder is
-/// not looked at.
+/// absolute, that has a part ".." or ends in an empty part or ".", that holds a NUL or another control character, or of
+/// which a part is longer than 255 bytes; nor for an empty folder, one with a NUL, or a path of 4,096 bytes and more. A
+/// name may lie in a folder within the folder ("parts/grip.png"), unless that is a link at the time of the call. "\"
+/// separates, too, when a name is checked; where the session's system separates folders with it, a name that begins
+/// with a drive ("C:") is absolute.
 ///
 /// folder  with or without a separator at its end; "/" is put where there is none
 /// path    [out] the path as UTF-8, terminated, which the caller frees with std::free; null if there is none

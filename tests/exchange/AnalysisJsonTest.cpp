@@ -386,6 +386,13 @@ INSTANTIATE_TEST_SUITE_P(Systems, TemplatePathTest,
                                          SeparatorRow{"Eight", 8, "/JSONTemplates\\mine.JSON"}),
                          RowName());
 
+TEST_P(TemplatePathTest, LeadsToTheTemplate) {
+  _Session.SetOperatingSystem(GetParam().system);
+  WriteTemplates(GoodComplete, GoodLine);
+  EXPECT_EQ(Exported(MakeAnalysis("A", {Line("L1")})),
+            R"({"TAATTRIBUTES":{"PLM_ExternalID":"A"},"TALINESDETAILS":[{"Code":"L1"}]})");
+}
+
 TEST_F(JsonExportTest, ATemplateIsLookedForInAllFoldersAndMayBeNowhere) {
   _Folder.Write("second/JSONTemplates/mine.JSON", "{}");
   _Session.SetEnvironment("KORStartupPath", Unicode(_Folder.Path("start") + ":" + _Folder.Path("second")));

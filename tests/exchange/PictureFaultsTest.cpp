@@ -12,7 +12,7 @@
 #include "platform/model/KORModel.h"
 #include "tests/calculation/AnalysisShell.h"
 #include "tests/exchange/PictureTest.h"
-#include "tests/support/FileSizeLimit.h"
+#include "tests/support/FullDisk.h"
 
 namespace {
 
@@ -23,7 +23,7 @@ using exchangetest::Fetched;
 using exchangetest::PictureRowTest;
 using exchangetest::PictureTest;
 using exchangetest::Untouched;
-using support::FileSizeLimit;
+using support::FullDisk;
 using support::MakeAnalysis;
 using support::RowName;
 using Services = VEXSTMPicturesServices;
@@ -101,7 +101,7 @@ TEST_F(PictureTest, AFullDiskLeavesNoFile) {
   EXPECT_EQ(Fetch(analysis, "large.png").status, S_OK);  // a whole file from before is not mistaken for the new one
   Fetched fetched;
   {
-    const FileSizeLimit limit(50'000);
+    const FullDisk limit(50'000);
     fetched = Fetch(analysis, "large.png");
   }
   EXPECT_EQ(fetched.status, E_FAIL);

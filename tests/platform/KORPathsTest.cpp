@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -11,6 +12,7 @@
 #include "platform/base/KORStatus.h"
 #include "platform/system/KORSession.h"
 #include "tests/platform/NamedRow.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace {
 
@@ -98,7 +100,9 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         NoPathRow{"Empty", "/tmp", ""}, NoPathRow{"Above", "/tmp", ".."}, NoPathRow{"FileAbove", "/tmp", "../x"},
         NoPathRow{"AboveInTheMiddle", "/tmp", "a/../../x"}, NoPathRow{"AboveThatStaysWithin", "/tmp", "a/../x"},
-        NoPathRow{"AboveAtTheEnd", "/tmp", "a/.."}, NoPathRow{"AboveWithBackslash", "/tmp", "..\\x"},
+        NoPathRow{"AboveAtTheEnd", "/tmp", "a/.."}, NoPathRow{"TheFolderItself", "/tmp", "."},
+        NoPathRow{"PointAtTheEnd", "/tmp", "a/."}, NoPathRow{"SeparatorAtTheEnd", "/tmp", "a.png/"},
+        NoPathRow{"BackslashAtTheEnd", "/tmp", "a.png\\"}, NoPathRow{"AboveWithBackslash", "/tmp", "..\\x"},
         NoPathRow{"AboveInTheMiddleWithBackslash", "/tmp", "a\\..\\..\\x"},
         NoPathRow{"AboveBetweenBothSeparators", "/tmp", "a/..\\x"},
         NoPathRow{"AboveOnABackslashSystem", "C:\\tmp", "..\\x", 4}, NoPathRow{"Absolute", "/tmp", "/etc/passwd"},
@@ -127,6 +131,21 @@ INSTANTIATE_TEST_SUITE_P(Folders, NoPathTest,
                                          NoPathRow{"PathTooLong", "/" + std::string(3'839, 'f'), std::string(255, 'x')},
                                          NoPathRow{"FolderTooLong", std::string(10'000, 'f'), "x"}),
                          NameOfRow());
+
+TEST(MakePathLinkTest, ANameThatPassesThroughALinkHasNoPath) {
+  const support::TemporaryFolder folder;
+  std::filesystem::create_directories(folder.Path("told/inner"));
+  std::filesystem::create_directory(folder.Path("elsewhere"));
+  std::filesystem::create_directory_symlink(folder.Path("elsewhere"), folder.Path("told/link"));
+  std::filesystem::create_directory_symlink(folder.Path("elsewhere"), folder.Path("told/inner/link"));
+  std::filesystem::create_directory_symlink(folder.Path("told"), folder.Path("way"));
+  const std::string told = folder.Path("told");
+  EXPECT_EQ(MadePath(told, "link/x.png"), std::nullopt);
+  EXPECT_EQ(MadePath(told, "inner/link/x.png"), std::nullopt);
+  EXPECT_EQ(MadePath(told, "inner/x.png"), told + "/inner/x.png");
+  EXPECT_EQ(MadePath(told, "link"), told + "/link");  // a file of that name is replaced, not followed
+  EXPECT_EQ(MadePath(folder.Path("way"), "x.png"), folder.Path("way") + "/x.png");
+}
 
 TEST(MakePathFaultTest, GivesNull) {
   const KORFreshSession session;

@@ -9,6 +9,7 @@
 #include "platform/base/KORStatus.h"
 #include "platform/system/KORSession.h"
 #include "tests/platform/NamedRow.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace {
 
@@ -60,14 +61,26 @@ TEST(KORVVSUrlTest, NewOneNamesNothing) {
 TEST(KORVVSUrlTest, KeepsThePath) {
   EXPECT_EQ(UrlOf("/tmp/left grip.png").GetNativeFilePath(), "/tmp/left grip.png");
   const KORUnicodeString with_nul(std::string_view("/a\0b", 4));
-  EXPECT_EQ(UrlOf(with_nul).GetNativeFilePath(), with_nul);
+  EXPECT_EQ(UrlOf(with_nul).GetNativeFilePath(), with_nul.Bytes());
   EXPECT_EQ(UrlOf(with_nul).GetText(), "file:///a%00b");
 }
 
 TEST(KORVVSUrlTest, ARelativePathIsOneOfTheWorkingFolder) {
   const std::string full = std::filesystem::current_path() / "grip.png";
-  EXPECT_EQ(UrlOf("grip.png").GetNativeFilePath().Bytes(), full);
+  EXPECT_EQ(UrlOf("grip.png").GetNativeFilePath(), full);
   EXPECT_TRUE(UrlOf("grip.png").GetText().Bytes().starts_with("file:///"));
+}
+
+TEST(KORVVSUrlTest, KeepsTheBytesOfAWorkingFolderThatIsNoUtf8) {
+  const support::TemporaryFolder folder;
+  const std::string working = folder.Path("Gr\xF6\xDF\x65");
+  std::filesystem::create_directory(working);
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(working);
+  const KORVVSUrl url = UrlOf("grip.png");
+  std::filesystem::current_path(before);
+  EXPECT_EQ(url.GetNativeFilePath(), working + "/grip.png");
+  EXPECT_TRUE(url.GetText().Bytes().ends_with("/Gr%F6%DFe/grip.png")) << url.GetText().Bytes();
 }
 
 TEST(KORVVSUrlTest, FailuresLeaveTheUrlAlone) {
