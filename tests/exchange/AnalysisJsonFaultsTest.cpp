@@ -12,7 +12,7 @@
 #include "platform/base/KORStatus.h"
 #include "tests/exchange/JsonExportTest.h"
 #include "tests/exchange/PictureTest.h"
-#include "tests/support/FileSizeLimit.h"
+#include "tests/support/FullDisk.h"
 
 namespace {
 
@@ -21,7 +21,7 @@ using exchangetest::ContentOf;
 using exchangetest::JsonExportRowTest;
 using exchangetest::JsonExportTest;
 using exchangetest::LineTemplateFile;
-using support::FileSizeLimit;
+using support::FullDisk;
 using support::Line;
 using support::MakeAnalysis;
 using support::RowName;
@@ -225,7 +225,7 @@ TEST_F(JsonExportTest, OnAFullDiskNoHalfFileIsLeftOrAdded) {
   long status = S_OK;
   for (const std::size_t room : {std::size_t{0}, std::size_t{1}, std::size_t{4096}, std::size_t{21'000}}) {
     {
-      const FileSizeLimit full_disk(room);
+      const FullDisk full_disk(room);
       status = Export({analysis});
     }
     EXPECT_EQ(status, E_FAIL) << room;
@@ -243,7 +243,7 @@ TEST_F(JsonExportTest, AFullDiskForOneAnalysisDoesNotEndTheWalk) {
   const auto small = MakeAnalysis("small");
   long status = E_FAIL;
   {
-    const FileSizeLimit full_disk(4096);
+    const FullDisk full_disk(4096);
     status = Export({large, small});
   }
   EXPECT_EQ(status, S_OK);

@@ -326,7 +326,8 @@ class SpoiledAnalysis : public AnalysisShell {
     return CountStatus;
   }
   long GetLine(int row, VEXTimeAnalysisLineData& line) override {
-    return Failed(LineStatus) ? LineStatus : AnalysisShell::GetLine(row, line);
+    const long status = AnalysisShell::GetLine(row, line);
+    return Failed(LineStatus) ? LineStatus : status;
   }
   long GetLineAttributes(int row, KORListValKORUnicodeString& names, KORListValKORUnicodeString& values) override {
     const long status = AnalysisShell::GetLineAttributes(row, names, values);
