@@ -177,7 +177,7 @@ CLI::App* AddCalcCommand(CLI::App& app, CommandLine& line) {
 
 // Options of commands that write forms of the exchange.
 void AddFormOptions(CLI::App& command, CommandLine& line, const std::string& format) {
-  command.add_option("--format", line.Format, "Form: list, stream, json or csv; " + format + " unless given")
+  command.add_option("--format", line.Format, "What is written: " + format + " unless given")
       ->type_name("FORM")
       ->check(CLI::IsMember({"list", "stream", "json", "csv"}));
   command.add_option("--into", line.Into, "Folder to write a file into for each analysis, called by its identifier")

@@ -1,6 +1,7 @@
 // Random analyses exported by random templates, beside the plain export.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 

@@ -2,9 +2,9 @@
 // platform.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <functional>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
@@ -13,6 +13,7 @@
 #include "tests/exchange/JsonExportTest.h"
 #include "tests/exchange/PictureTest.h"
 #include "tests/support/FullDisk.h"
+#include "tests/support/WholeLiteral.h"
 
 namespace {
 
@@ -26,7 +27,7 @@ using support::Line;
 using support::MakeAnalysis;
 using support::RowName;
 using support::Unicode;
-using std::string_literals::operator""s;
+using support::Whole;
 
 // ---- Templates ----
 
@@ -53,30 +54,30 @@ constexpr const char* AttributesAndNoKeysOfTheLine = R"({"TAATTRIBUTES":{"PLM_Ex
 
 INSTANTIATE_TEST_SUITE_P(
     Complete, OddTemplateTest,
-    testing::Values(TemplateRow{"Missing", {}, GoodLine, NoAttributesAndTheLine},
-                    TemplateRow{"Empty", "", GoodLine, NoAttributesAndTheLine},
-                    TemplateRow{"Blank", " \n", GoodLine, NoAttributesAndTheLine},
-                    TemplateRow{"NoJson", "<TAATTRIBUTES/>", GoodLine, NoAttributesAndTheLine},
-                    TemplateRow{"CutShort", std::string(GoodComplete, 40), GoodLine, NoAttributesAndTheLine},
-                    TemplateRow{"ArrayAtTheTop", "["s + GoodComplete + "]", GoodLine, NoAttributesAndTheLine},
-                    TemplateRow{"NoSections", "{}", GoodLine, NoAttributesAndTheLine},
-                    TemplateRow{
-                        "OtherKeysAlone", R"({"a":1,"taattributes":{"V_Name":""}})", GoodLine,
-                        R"({"a":1,"taattributes":{"V_Name":""},"TAATTRIBUTES":{},"TALINESDETAILS":[{"Code":"L1"}]})"},
-                    TemplateRow{"AttributesAsANumber", R"({"TAATTRIBUTES":5,"TALINESDETAILS":[]})", GoodLine,
-                                NoAttributesAndTheLine},
-                    TemplateRow{"AttributesAsAnArray", R"({"TAATTRIBUTES":["V_Name"],"TALINESDETAILS":[]})", GoodLine,
-                                NoAttributesAndTheLine},
-                    TemplateRow{"AttributesAsNull", R"({"TAATTRIBUTES":null,"TALINESDETAILS":[]})", GoodLine,
-                                NoAttributesAndTheLine},
-                    TemplateRow{"LinesAsAnObject", R"({"TAATTRIBUTES":{},"TALINESDETAILS":{"Code":""}})", GoodLine,
-                                NoAttributesAndTheLine},
-                    TemplateRow{"LinesAsAText", R"({"TAATTRIBUTES":{},"TALINESDETAILS":"lines"})", GoodLine,
-                                NoAttributesAndTheLine},
-                    TemplateRow{"TooDeep", R"({"deep":)" + std::string(1000, '[') + std::string(1000, ']') + "}",
-                                GoodLine, NoAttributesAndTheLine},
-                    TemplateRow{"Windows1252", "{\"Ma\xDF\":\"\xFC\",\"TAATTRIBUTES\":{},\"TALINESDETAILS\":[]}",
-                                GoodLine, R"({"Maß":"ü","TAATTRIBUTES":{},"TALINESDETAILS":[{"Code":"L1"}]})"}),
+    testing::Values(
+        TemplateRow{"Missing", {}, GoodLine, NoAttributesAndTheLine},
+        TemplateRow{"Empty", "", GoodLine, NoAttributesAndTheLine},
+        TemplateRow{"Blank", " \n", GoodLine, NoAttributesAndTheLine},
+        TemplateRow{"NoJson", "<TAATTRIBUTES/>", GoodLine, NoAttributesAndTheLine},
+        TemplateRow{"CutShort", std::string(GoodComplete, 40), GoodLine, NoAttributesAndTheLine},
+        TemplateRow{"ArrayAtTheTop", std::string("[") + GoodComplete + "]", GoodLine, NoAttributesAndTheLine},
+        TemplateRow{"NoSections", "{}", GoodLine, NoAttributesAndTheLine},
+        TemplateRow{"OtherKeysAlone", R"({"a":1,"taattributes":{"V_Name":""}})", GoodLine,
+                    R"({"a":1,"taattributes":{"V_Name":""},"TAATTRIBUTES":{},"TALINESDETAILS":[{"Code":"L1"}]})"},
+        TemplateRow{"AttributesAsANumber", R"({"TAATTRIBUTES":5,"TALINESDETAILS":[]})", GoodLine,
+                    NoAttributesAndTheLine},
+        TemplateRow{"AttributesAsAnArray", R"({"TAATTRIBUTES":["V_Name"],"TALINESDETAILS":[]})", GoodLine,
+                    NoAttributesAndTheLine},
+        TemplateRow{"AttributesAsNull", R"({"TAATTRIBUTES":null,"TALINESDETAILS":[]})", GoodLine,
+                    NoAttributesAndTheLine},
+        TemplateRow{"LinesAsAnObject", R"({"TAATTRIBUTES":{},"TALINESDETAILS":{"Code":""}})", GoodLine,
+                    NoAttributesAndTheLine},
+        TemplateRow{"LinesAsAText", R"({"TAATTRIBUTES":{},"TALINESDETAILS":"lines"})", GoodLine,
+                    NoAttributesAndTheLine},
+        TemplateRow{"TooDeep", R"({"deep":)" + std::string(1000, '[') + std::string(1000, ']') + "}", GoodLine,
+                    NoAttributesAndTheLine},
+        TemplateRow{"Windows1252", "{\"Ma\xDF\":\"\xFC\",\"TAATTRIBUTES\":{},\"TALINESDETAILS\":[]}", GoodLine,
+                    R"({"Maß":"ü","TAATTRIBUTES":{},"TALINESDETAILS":[{"Code":"L1"}]})"}),
     RowName());
 
 INSTANTIATE_TEST_SUITE_P(OfALine, OddTemplateTest,
@@ -141,8 +142,8 @@ INSTANTIATE_TEST_SUITE_P(Identifiers, OutsideIdentifierTest,
                          testing::Values(IdentifierRow{"OneFolderUp", "../x"}, IdentifierRow{"Absolute", "/etc/x"},
                                          IdentifierRow{"UpFromAFolderWithin", "parts/../../x"},
                                          IdentifierRow{"UpAndDown", "parts/../x"},
-                                         IdentifierRow{"UpWithBackslash", "..\\x"}, IdentifierRow{"Nul", "x\0y"s},
-                                         IdentifierRow{"NulAtTheEnd", "x\0"s}, IdentifierRow{"LineEnd", "x\ny"},
+                                         IdentifierRow{"UpWithBackslash", "..\\x"}, IdentifierRow{"Nul", Whole("x\0y")},
+                                         IdentifierRow{"NulAtTheEnd", Whole("x\0")}, IdentifierRow{"LineEnd", "x\ny"},
                                          IdentifierRow{"Escape", "x\x1By"}, IdentifierRow{"Delete", "x\x7F"},
                                          IdentifierRow{"HighControlCharacter", "x\xC2\x85"},
                                          IdentifierRow{"TenThousandCharacters", std::string(10'000, 'x')},
@@ -152,7 +153,8 @@ INSTANTIATE_TEST_SUITE_P(Identifiers, OutsideIdentifierTest,
 
 TEST_F(JsonExportTest, IdentifiersUpToTheLongestNameOfAFileAreTaken) {
   WriteTemplates(GoodComplete, GoodLine);
-  for (const std::string& identifier : {std::string(250, 'x'), "..."s, "a..b"s, "x:y|z*?"s, "日本"s, " "s}) {
+  for (const std::string& identifier :
+       std::initializer_list<std::string>{std::string(250, 'x'), "...", "a..b", "x:y|z*?", "日本", " "}) {
     const auto analysis = MakeAnalysis(identifier);
     EXPECT_EQ(Export({analysis}), S_OK) << identifier;
     EXPECT_TRUE(StreamOf(analysis).has_value()) << identifier;
@@ -187,7 +189,7 @@ INSTANTIATE_TEST_SUITE_P(Folders, FileFolderTest,
                          testing::Values(FolderRow{"NotSet", {}, E_INVALIDARG}, FolderRow{"Empty", "", E_INVALIDARG},
                                          FolderRow{"Missing", "%/missing", E_FAIL},
                                          FolderRow{"AFile", "%/file", E_FAIL},
-                                         FolderRow{"Nul", "%/temp\0"s, E_INVALIDARG}),
+                                         FolderRow{"Nul", Whole("%/temp\0"), E_INVALIDARG}),
                          RowName());
 
 TEST_F(JsonExportTest, AnIdentifierWithAFolderThatIsNotThereCannotBeWritten) {

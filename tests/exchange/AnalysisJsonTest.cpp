@@ -11,6 +11,7 @@
 #include "tests/exchange/JsonExportTest.h"
 #include "tests/exchange/PictureTest.h"
 #include "tests/formula/ScopedLocale.h"
+#include "tests/support/WholeLiteral.h"
 
 namespace {
 
@@ -25,7 +26,7 @@ using support::RowName;
 using support::Text;
 using support::Unicode;
 using Services = VEXSTMJSONServices;
-using std::string_literals::operator""s;
+using support::Whole;
 
 // ---- Types ----
 
@@ -99,8 +100,8 @@ TEST_F(JsonExportTest, RealsStayRealAndHaveAllDigits) {
 
 TEST_F(JsonExportTest, TextsAreEscapedAndKeepTheirLetters) {
   WriteSections("{}", "[]", R"({"Description":""})");
-  const auto analysis = MakeAnalysis(
-      "A", {Line().Set("Description", "Höhe \"40\" cm, \\ 日本 😀\n"), Line().Set("Description", Unicode("a\0b\x1F"s))});
+  const auto analysis = MakeAnalysis("A", {Line().Set("Description", "Höhe \"40\" cm, \\ 日本 😀\n"),
+                                           Line().Set("Description", Unicode(Whole("a\0b\x1F")))});
   EXPECT_EQ(
       Exported(analysis),
       R"({"TAATTRIBUTES":{},"TALINESDETAILS":[{"Description":"Höhe \"40\" cm, \\ 日本 😀\n"},{"Description":"a\u0000b\u001f"}]})");

@@ -1,5 +1,6 @@
 // Random analyses and random lists of items: what the exchange gives, traces and leaves behind, against the plain
-// exchange, bit for bit, with objects that fail and objects that lack interfaces.
+// exchange, bit for bit, with objects that fail and objects that lack interfaces; and the tables against the plain
+// ones.
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -9,6 +10,8 @@
 #include <vector>
 
 #include "VEXTADataIO.h"
+#include "exchange/DefaultStream.h"
+#include "exchange/ExchangeTables.h"
 #include "tests/exchange/ExchangeWorld.h"
 #include "tests/exchange/FaultyAnalysis.h"
 #include "tests/exchange/RandomItems.h"
@@ -227,6 +230,32 @@ INSTANTIATE_TEST_SUITE_P(
                     ExchangeRow{"Faulty", 16000, 2000, {Way::Faulty}, {.present_in = 20}},
                     ExchangeRow{"CommaLocale", 17000, 100, {Way::Given}, {.present_in = 20}, COMMA_LOCALE}),
     support::RowName());
+
+// ---- Tables and the default stream
+
+TEST(ExchangeTablesDifferentialTest, AreThePlainOnesRowByRow) {
+  ASSERT_EQ(exchange::AttributeTable.size(), oracle::ExchangeAttributes().size());
+  for (std::size_t index = 0; index < exchange::AttributeTable.size(); ++index) {
+    const oracle::ExchangeAttribute& expected = oracle::ExchangeAttributes()[index];
+    EXPECT_EQ(exchange::AttributeTable[index].Key, expected.key);
+    EXPECT_EQ(exchange::AttributeTable[index].Names, expected.names);
+    EXPECT_EQ(static_cast<int>(exchange::AttributeTable[index].Type), expected.type) << expected.key;
+  }
+  ASSERT_EQ(exchange::LineTable.size(), oracle::ExchangeLineKeys().size());
+  for (std::size_t index = 0; index < exchange::LineTable.size(); ++index) {
+    const oracle::ExchangeLineKey& expected = oracle::ExchangeLineKeys()[index];
+    EXPECT_EQ(exchange::LineTable[index].Key, expected.key);
+    EXPECT_EQ(exchange::LineTable[index].LineKey, expected.line_key);
+    EXPECT_EQ(exchange::LineTable[index].Column, expected.column) << expected.key;
+    EXPECT_EQ(static_cast<int>(exchange::LineTable[index].Type), expected.type) << expected.key;
+  }
+}
+
+TEST(ExchangeTablesDifferentialTest, DefaultStreamIsThePlainOneItemByItem) {
+  const std::vector<std::string> expected = oracle::ExplodeString("|", oracle::ExchangeDefaultStream());
+  EXPECT_EQ(support::Texts(VEXTADataIO::ExplodeString("|", exchange::DefaultStream())), expected);
+  EXPECT_EQ(support::Text(exchange::DefaultStream()), oracle::ExchangeDefaultStream());
+}
 
 // ---- Cutting
 

@@ -45,9 +45,13 @@ class FaultyAnalysis : public calculationtest::AnalysisShell {
     return status;
   }
 
-  // Besides: names without a value behind those that have one.
+  // Besides: another text for a reused analysis than its identifier, and names without a value behind those that have
+  // one.
   long GetLineAttributes(int row, KORListValKORUnicodeString& names, KORListValKORUnicodeString& values) override {
     const long status = Pass([&] { return AnalysisShell::GetLineAttributes(row, names, values); });
+    for (int position = 1; position <= values.Size(); ++position) {
+      if (names[position] == "TimeAnalysis" && _Random.OneIn(2)) values[position] = "a reused analysis";
+    }
     if (_Random.OneIn(_OneIn)) names.Append("Code");
     return status;
   }

@@ -3,7 +3,6 @@
 
 #include <array>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -11,6 +10,7 @@
 #include "tests/formula/ScopedLocale.h"
 #include "tests/platform/JsonTest.h"
 #include "tests/platform/NamedRow.h"
+#include "tests/support/WholeLiteral.h"
 
 namespace {
 
@@ -20,7 +20,7 @@ using platformtest::NestedObjects;
 using platformtest::ReadJson;
 using platformtest::ReadJsonFile;
 using platformtest::TextOf;
-using std::string_literals::operator""s;
+using support::Whole;
 
 struct FileRow {
   const char* Name;
@@ -101,7 +101,7 @@ INSTANTIATE_TEST_SUITE_P(
                     RefusedRow{"Number", "1"}, RefusedRow{"Text", R"("a")"},
                     RefusedRow{"ArrayAtTheTop", R"([{"a":1}])"}, RefusedRow{"NotClosed", R"({"a":1)"},
                     RefusedRow{"ClosedWrongly", R"({"a":1])"}, RefusedRow{"MoreBehind", R"({"a":1}{})"},
-                    RefusedRow{"NulBehind", "{\"a\":1}\0"s}, RefusedRow{"NulBetween", "{\"a\":\0001}"s},
+                    RefusedRow{"NulBehind", Whole("{\"a\":1}\0")}, RefusedRow{"NulBetween", Whole("{\"a\":\0001}")},
                     RefusedRow{"CommaAtTheEnd", R"({"a":1,})"}, RefusedRow{"NoComma", R"({"a":1 "b":2})"},
                     RefusedRow{"NoColon", R"({"a" 1})"}, RefusedRow{"NoKey", "{1:1}"},
                     RefusedRow{"SingleQuotes", "{'a':1}"}, RefusedRow{"Comment", "{\"a\":1/* */}"},
@@ -111,14 +111,14 @@ INSTANTIATE_TEST_SUITE_P(
                     RefusedRow{"DecimalComma", R"({"a":1,5})"}, RefusedRow{"BeyondADouble", R"({"a":1e999})"},
                     RefusedRow{"HalfAPairOfSurrogates", R"({"a":"\ud83d"})"},
                     RefusedRow{"UnknownEscape", R"({"a":"\x"})"}, RefusedRow{"LineEndInAText", "{\"a\":\"x\ny\"}"},
-                    RefusedRow{"Utf16", "\xFF\xFE{\0}\0"s}, RefusedRow{"Xml", "<a/>"},
+                    RefusedRow{"Utf16", Whole("\xFF\xFE{\0}\0")}, RefusedRow{"Xml", "<a/>"},
                     RefusedRow{"AnErrorBehindThePartsThatAreRight", R"({"a":1,"b":tru})"}),
     NameOfRow());
 
 TEST(JsonFilesThatAreNoneTest, LeaveTheObjectWithoutKeys) {
   const support::TemporaryFolder folder;
   for (const std::string& path :
-       {folder.Path("missing.json"), folder.Path(), ""s, folder.Write("a", R"({"a":1})") + "\0"s}) {
+       {folder.Path("missing.json"), folder.Path(), std::string(), folder.Write("a", R"({"a":1})") + Whole("\0")}) {
     EXPECT_EQ(TextOf(ReadJsonFile(path)), "{}") << path;
   }
 }

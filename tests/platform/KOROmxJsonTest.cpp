@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <limits>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -20,7 +19,6 @@ using platformtest::KeysOf;
 using platformtest::NameOfRow;
 using platformtest::ReadJson;
 using platformtest::TextOf;
-using std::string_literals::operator""s;
 
 struct TypeRow {
   const char* Name;
@@ -31,7 +29,7 @@ struct TypeRow {
 class JsonTypeTest : public testing::TestWithParam<TypeRow> {};
 
 TEST_P(JsonTypeTest, IsThatOfTheValue) {
-  const KOROmxJsonObject object = ReadJson("{\"before\":1,\"key\":"s + GetParam().Example + "}");
+  const KOROmxJsonObject object = ReadJson(std::string("{\"before\":1,\"key\":") + GetParam().Example + "}");
   EXPECT_EQ(object.GetJsonType("key"), GetParam().Type);
   EXPECT_EQ(static_cast<int>(object.GetJsonType("key")), GetParam().Number);
 }
@@ -70,7 +68,7 @@ TEST(JsonObjectTest, ANewKeyComesBehindTheOthers) {
 // Every Put over every kind of value: the place stays, the kind changes.
 TEST(JsonObjectTest, AValueReplacesOneOfAnyKindInItsPlace) {
   for (const char* before : {"true", "0.5", "7", "null", "\"text\"", "{\"x\":1}", "[1]"}) {
-    const KOROmxJsonObject original = ReadJson("{\"a\":1,\"key\":"s + before + ",\"z\":2}");
+    const KOROmxJsonObject original = ReadJson(std::string("{\"a\":1,\"key\":") + before + ",\"z\":2}");
     const auto with = [&original](auto put) {
       KOROmxJsonObject object = original;
       EXPECT_EQ(put(object), S_OK);
@@ -104,7 +102,7 @@ class JsonRealTest : public testing::TestWithParam<RealRow> {};
 TEST_P(JsonRealTest, IsWritten) {
   KOROmxJsonObject object;
   (void)object.PutDouble("a", GetParam().Value);
-  EXPECT_EQ(TextOf(object), "{\"a\":"s + GetParam().Written + "}");
+  EXPECT_EQ(TextOf(object), std::string("{\"a\":") + GetParam().Written + "}");
   EXPECT_EQ(object.GetJsonType("a"), KOROmxJsonType::Real);
 }
 
@@ -251,7 +249,7 @@ TEST_P(JsonArrayTest, Changes) {
   const int position = GetParam().Position;
   EXPECT_EQ(GetParam().Removes ? array.Remove(position) : array.PutJsonObject(position, element), GetParam().Status);
   (void)object.PutJsonArray("l", array);
-  EXPECT_EQ(TextOf(object), "{\"l\":"s + GetParam().Array + "}");
+  EXPECT_EQ(TextOf(object), std::string("{\"l\":") + GetParam().Array + "}");
 }
 
 constexpr int LeastPosition = std::numeric_limits<int>::min();

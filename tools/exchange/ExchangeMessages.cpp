@@ -125,6 +125,10 @@ Failure InputTwice(const std::string& command) {
   return WrongUsage("\"-\" stands twice; standard input is read once, as one stream", command);
 }
 
+Failure NoSuchStreamOrFolder(const std::string& path) {
+  return Unusable(path + ": neither a file nor a folder; name the file of a stream, or a folder of such files");
+}
+
 Failure StreamFolderEmpty(const std::string& path) {
   return Unusable(path + ": the folder holds no stream, that is no file whose name ends in \".stream\"");
 }
@@ -297,17 +301,17 @@ Failure NothingWritten() {
   return Finding("nothing was written; correct what is told above, or let the rest be written with --lossy");
 }
 
-Failure NameNoFileName(std::string_view identifier) {
+Failure IdentifierNoFileName(std::string_view identifier) {
   return Unusable(
       "the identifier " + Quoted(identifier) +
-      " is no name for a file: a path with \"/\" between its parts, none of them empty, \".\", \"..\" or above "
-      "255 bytes, without control characters and \"\\\"; give the analysis another identifier. Nothing was "
-      "written");
+      " is no name for a file: a path with \"/\" between its parts, none of them empty, with a \".\" ahead, "
+      "above 255 bytes with the extension, or a link, without control characters and \"\\\"; give the "
+      "analysis another identifier. It was not written");
 }
 
-Failure FileNameTwice(std::string_view name) {
-  return Unusable("two analyses would be written to " + Quoted(name) +
-                  "; give each its own identifier. Nothing was written");
+Failure FileNameTwice(std::string_view identifier) {
+  return Unusable("two analyses with the identifier " + Quoted(identifier) +
+                  " would be one file; give each its own. Nothing was written");
 }
 
 Failure FileIsThere(const std::string& path) {

@@ -27,6 +27,7 @@ Failure ForceWithoutFolder(const std::string& command);
 Failure InputTwice(const std::string& command);
 
 // Streams as files.
+Failure NoSuchStreamOrFolder(const std::string& path);
 Failure StreamFolderEmpty(const std::string& path);
 Failure StreamNotReadable(const std::string& path, const std::string& cause);
 Failure StreamTooLong(const std::string& path, std::size_t bound);
@@ -70,8 +71,8 @@ Failure ReuseShadowed(const ExchangedAnalysis& analysis, std::string_view reused
 Failure NothingWritten();
 
 // Files that are written.
-Failure NameNoFileName(std::string_view identifier);
-Failure FileNameTwice(std::string_view name);
+Failure IdentifierNoFileName(std::string_view identifier);
+Failure FileNameTwice(std::string_view identifier);
 Failure FileIsThere(const std::string& path);
 Failure FileNotWritable(const std::string& path, const std::string& cause);
 

@@ -10,7 +10,6 @@
 #include "tools/exchange/ExchangeMessages.h"
 #include "tools/exchange/FileLosses.h"
 #include "tools/exchange/ListWriter.h"
-#include "tools/exchange/OutputFolder.h"
 #include "tools/exchange/StreamText.h"
 #include "tools/exchange/StreamWriter.h"
 
@@ -160,18 +159,16 @@ bool ExchangeWriter::MayBeWritten() {
 }
 
 // Looks at all names ahead of the first file, so that all are written or none.
-bool ExchangeWriter::AreNamesFit() {
-  const OutputFolder folder(_Line.Into, _Line.Force ? OutputFolder::Present::Replaced : OutputFolder::Present::Kept);
-  std::set<std::string> names;
+bool ExchangeWriter::AreNamesFit(const OutputFolder& folder) {
+  std::set<std::string> identifiers;
   bool fit = true;
   const auto refuse = [&](const Failure& failure) {
     _Answers.Tell(failure);
     fit = false;
   };
   for (const Document& document : _Documents) {
-    const std::string name = document.Identifier + "." + _Line.Format;
-    if (!names.insert(name).second) refuse(FileNameTwice(name));
-    if (const auto fault = folder.Check(name)) refuse(*fault);
+    if (!identifiers.insert(document.Identifier).second) refuse(FileNameTwice(document.Identifier));
+    if (const auto fault = folder.Check(document.Identifier)) refuse(*fault);
   }
   return fit;
 }
@@ -188,9 +185,10 @@ void ExchangeWriter::WriteToAnswers() {
 }
 
 void ExchangeWriter::WriteToFolder() {
-  if (!AreNamesFit()) return;
-  const OutputFolder folder(_Line.Into, _Line.Force ? OutputFolder::Present::Replaced : OutputFolder::Present::Kept);
-  for (const Document& document : _Documents) folder.Write(document.Identifier + "." + _Line.Format, document.Text);
+  const auto present = _Line.Force ? OutputFolder::Present::Replaced : OutputFolder::Present::Kept;
+  const OutputFolder folder(_Line.Into, "." + _Line.Format, present);
+  if (!AreNamesFit(folder)) return;
+  for (const Document& document : _Documents) folder.Write(document.Identifier, document.Text);
 }
 
 void ExchangeWriter::Finish() {

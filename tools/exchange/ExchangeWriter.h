@@ -15,6 +15,7 @@
 #include "tools/exchange/ExchangedAnalysis.h"
 #include "tools/exchange/JsonWriter.h"
 #include "tools/exchange/Losses.h"
+#include "tools/exchange/OutputFolder.h"
 
 namespace tool {
 
@@ -49,7 +50,7 @@ class ExchangeWriter {
   void TellLoss(const Failure& loss);
   void TellShadowedReuse();
   bool MayBeWritten();
-  bool AreNamesFit();
+  bool AreNamesFit(const OutputFolder& folder);
   void WriteToAnswers();
   void WriteToFolder();
 

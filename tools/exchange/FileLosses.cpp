@@ -164,8 +164,8 @@ class Comparison {
 
   void CompareText(int row, std::string_view key, const View& value, const std::optional<View>& other, bool is_text) {
     if (AreSameTexts(value, other)) return;
-    const bool entered_nothing = key == "FactorString" && !SaysSomething(value);
-    if (entered_nothing) return;
+    const bool has_nothing = AreSameTexts(value, std::nullopt);
+    if (has_nothing && (key == "FactorString" || key == "Description")) return;
     const bool has_no_effect = is_text && (key == "TimeType" || key == "FactorString");
     has_no_effect ? LeaveOut(key) : Add(row, key, value, other);
   }
@@ -173,7 +173,7 @@ class Comparison {
   // What a row of a file has, and the line has not.
   void CompareGained(int row, const KORKeyedValues& written, const KORKeyedValues& reread, bool is_text) {
     if (is_text) return;
-    for (const std::string_view key : {"Code", "TimeType", "Description"}) {
+    for (const std::string_view key : {"Code", "TimeType"}) {
       const std::optional<View> gained = reread.Look(key);
       if (!written.Look(key) && gained && SaysSomething(*gained)) Add(row, key, View(std::string_view()), gained);
     }

@@ -83,9 +83,9 @@ JsonWriter::~JsonWriter() {
 }
 
 std::string JsonWriter::DocumentOf(const ExchangedAnalysis& analysis) const {
-  const std::string name = analysis.Identifier + Extension;
-  if (const auto fault = OutputFolder(_Folder, OutputFolder::Present::Replaced).Check(name)) throw Failure(*fault);
-  const files::path path = files::path(_Folder) / name;
+  const OutputFolder folder(_Folder, Extension, OutputFolder::Present::Replaced);
+  if (const auto fault = folder.Check(analysis.Identifier)) throw Failure(*fault);
+  const files::path path = files::path(_Folder) / (analysis.Identifier + Extension);
   std::error_code error;
   files::create_directories(path.parent_path(), error);
   KORListValKORBaseUnknown_var list;

@@ -14,7 +14,6 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/base/KORStatus.h"
 #include "platform/base/KORUnicodeString.h"
 #include "platform/system/KORPaths.h"
 #include "tools/analysis/AnalysisFolder.h"
@@ -49,17 +48,6 @@ class Descriptor {
  private:
   int _Number;
 };
-
-// The path of a name in the folder, as the platform joins them; empty if it gives none.
-std::string JoinedPath(const std::string& folder, const std::string& name) {
-  char* path = nullptr;
-  if (Failed(KORMakePath(KORUnicodeString(std::string_view(folder)), KORUnicodeString(std::string_view(name)), path))) {
-    return {};
-  }
-  std::string joined(path);
-  free(path);
-  return joined;
-}
 
 // Opens the folder that a name leads to from an open one, making those that are missing; links are not followed.
 Descriptor OpenFolderOf(const std::string& path, std::string_view name) {
@@ -121,12 +109,24 @@ int WriteIn(int folder, const std::string& name, std::string_view content, Outpu
 
 }  // namespace
 
-std::optional<Failure> OutputFolder::Check(const std::string& name) const {
-  const std::string path = JoinedPath(_Path, name);
-  if (!IsPlainName(name) || path.empty()) return NameNoFileName(name);
+// The path of a file; empty for an identifier that gives none.
+std::string OutputFolder::PathOf(const std::string& identifier) const {
+  const bool has_hidden_part = identifier.starts_with('.') || identifier.find("/.") != std::string::npos;
+  if (!IsPlainName(identifier) || has_hidden_part) return {};
+  const std::string name = identifier + _Extension;
+  char* path = nullptr;
+  (void)KORMakePath(KORUnicodeString(std::string_view(_Path)), KORUnicodeString(std::string_view(name)), path);
+  if (path == nullptr) return {};
+  std::string joined(path);
+  free(path);
+  return joined;
+}
+
+std::optional<Failure> OutputFolder::Check(const std::string& identifier) const {
+  const std::string path = PathOf(identifier);
+  if (path.empty()) return IdentifierNoFileName(identifier);
   std::error_code error;
-  const std::filesystem::file_status status = std::filesystem::symlink_status(path, error);
-  const auto type = status.type();
+  const auto type = std::filesystem::symlink_status(path, error).type();
   if (type == std::filesystem::file_type::not_found) return std::nullopt;
   if (type == std::filesystem::file_type::none) return FileNotWritable(path, error.message());
   if (type == std::filesystem::file_type::directory) return FileNotWritable(path, CauseOf(EISDIR));
@@ -134,11 +134,12 @@ std::optional<Failure> OutputFolder::Check(const std::string& name) const {
   return std::nullopt;
 }
 
-void OutputFolder::Write(const std::string& name, std::string_view content) const {
+void OutputFolder::Write(const std::string& identifier, std::string_view content) const {
   std::error_code made;
   std::filesystem::create_directories(_Path, made);
-  const std::string path = JoinedPath(_Path, name);
-  if (path.empty()) throw NameNoFileName(name);
+  const std::string path = PathOf(identifier);
+  if (path.empty()) throw IdentifierNoFileName(identifier);
+  const std::string name = identifier + _Extension;
   const Descriptor folder = OpenFolderOf(_Path, name);
   if (!folder.IsOpen()) throw FileNotWritable(path, CauseOf(errno));
   const int error = WriteIn(folder.Get(), name.substr(name.rfind('/') + 1), content, _Present);

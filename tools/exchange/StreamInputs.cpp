@@ -40,7 +40,7 @@ class StreamFinder {
     if (path == "-") {
       _Found.push_back({InputName, InputIdentifier, true, false});
     } else if (status.type() == files::file_type::not_found) {
-      _Answers.Tell(NoSuchFileOrFolder(path));
+      _Answers.Tell(NoSuchStreamOrFolder(path));
     } else if (status.type() == files::file_type::directory) {
       AddFolder(path);
     } else {

@@ -14,10 +14,9 @@ namespace {
 
 constexpr const char* RowNumberKey = "RowNum";
 
-// True for a line without a reused analysis that says so.
-bool IsNullReference(const KORKeyedValues::View& value) {
-  const auto* const object = std::get_if<KORBaseUnknown_var>(&value);
-  return object != nullptr && object->IsNull();
+// True for a reference that cannot be carried, as there is no analysis or it has no identifier.
+bool IsEmptyReference(const KORKeyedValues::View& value) {
+  return TypeOf(value) == ExchangeType::Analysis && TextOfValue(value).empty();
 }
 
 class StreamWriter {
@@ -61,7 +60,7 @@ class StreamWriter {
   // The name under which a value of a line is written; null if it is not.
   const ExchangeName* NameOfCell(std::string_view key, const KORKeyedValues::View& value) {
     const ExchangeName& name = _Vocabulary.OfLineKey(key);
-    if (name.Type == ExchangeType::None || IsNullReference(value)) return nullptr;
+    if (name.Type == ExchangeType::None || IsEmptyReference(value)) return nullptr;
     const bool is_free_text = TypeOf(value) == ExchangeType::Text || TypeOf(value) == ExchangeType::Analysis;
     if (is_free_text && !FitsIntoStream(TextOfValue(value))) return nullptr;
     return &name;
