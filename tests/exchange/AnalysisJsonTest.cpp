@@ -389,7 +389,7 @@ INSTANTIATE_TEST_SUITE_P(Systems, TemplatePathTest,
 
 TEST_P(TemplatePathTest, LeadsToTheTemplate) {
   _Session.SetOperatingSystem(GetParam().system);
-  WriteTemplates(GoodComplete, GoodLine);
+  WriteTemplates(R"({"TAATTRIBUTES":{"PLM_ExternalID":""},"TALINESDETAILS":[]})", R"({"Code":""})");
   EXPECT_EQ(Exported(MakeAnalysis("A", {Line("L1")})),
             R"({"TAATTRIBUTES":{"PLM_ExternalID":"A"},"TALINESDETAILS":[{"Code":"L1"}]})");
 }

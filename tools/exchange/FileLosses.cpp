@@ -123,38 +123,56 @@ class Comparison {
     }
   }
 
-  void CompareRow(int row, int file_row) {
-    const KORKeyedValues reread = ValuesOfLine(_Reread, file_row);
-    const KORKeyedValues written = ValuesOfLine(_Written, row);
-    const bool is_text = IsTextLine(_Written, row);
+  // A row of the analysis, and what of it stands where in the file.
+  struct Row {
+    int Number;
+    int InFile;
+    bool IsText;
+    bool IsReuse;
+    std::string_view OwnTime;  // key under which its time stands
+  };
+
+  Row RowOf(int number, int in_file) {
+    const KORKeyedValues values = ValuesOfLine(_Written, number);
     KORUnicodeString time_type;
-    (void)written.Get("TimeType", time_type);
-    const std::string_view known_key = TimeKeyOf(time_type.Bytes());
-    const std::string_view own_time = known_key.empty() ? TimeKeys.front() : known_key;
-    const bool is_reuse = MeansAnalysis(written.Look("TimeAnalysis"));
-    written.ForEach([&](std::string_view key, const View& value) {
-      const std::optional<View> other = reread.Look(key);
-      if (Has(TextColumns, key)) {
-        CompareText(row, key, value, other, is_text);
-      } else if (key == "Factor") {
-        if (is_text ? MeanSame(value, other) : AreSameFrequencies(value, other)) return;
-        is_text ? LeaveOut(key) : Add(row, key, value, other);
-      } else if (MeanSame(value, other) || key == KORFormulaParameterKey) {
-        return;
-      } else if (key == "TimeAnalysis" || (key == own_time && !is_reuse)) {
-        Add(row, key, value, other);
-      } else if (key == "TotalTime" || key == own_time || key == "FrequencyString") {
-        _Found.ComputedRows.insert(row);
-      } else if (key == "RowNum") {
-        if (row == file_row) Add(row, key, value, other);
-      } else {
-        LeaveOut(key);
-      }
-    });
-    CompareGained(row, written, reread, is_text);
-    if (!HaveSameFormulas(_Written, row, _Reread, file_row)) {
-      _Found.Losses.push_back(
-          {row, KORFormulaParameterKey, ParameterNamesOfLine(_Written, row), LossCause::Changed, ""});
+    (void)values.Get("TimeType", time_type);
+    const std::string_view key = TimeKeyOf(time_type.Bytes());
+    return {number, in_file, IsTextLine(_Written, number), MeansAnalysis(values.Look("TimeAnalysis")),
+            key.empty() ? TimeKeys.front() : key};
+  }
+
+  void CompareRow(int number, int in_file) {
+    const Row row = RowOf(number, in_file);
+    const KORKeyedValues written = ValuesOfLine(_Written, number);
+    const KORKeyedValues reread = ValuesOfLine(_Reread, in_file);
+    written.ForEach([&](std::string_view key, const View& value) { CompareValue(row, key, value, reread.Look(key)); });
+    CompareGained(row, written, reread);
+    if (HaveSameFormulas(_Written, number, _Reread, in_file)) return;
+    _Found.Losses.push_back(
+        {number, KORFormulaParameterKey, ParameterNamesOfLine(_Written, number), LossCause::Changed, ""});
+  }
+
+  void CompareValue(const Row& row, std::string_view key, const View& value, const std::optional<View>& other) {
+    if (Has(TextColumns, key)) return CompareText(row, key, value, other);
+    if (key == "Factor") return CompareFrequency(row, value, other);
+    if (MeanSame(value, other)) return;
+    if (key == "TimeAnalysis" || (key == row.OwnTime && !row.IsReuse)) {
+      Add(row.Number, key, value, other);
+    } else if (key == "TotalTime" || key == row.OwnTime || key == "FrequencyString") {
+      _Found.ComputedRows.insert(row.Number);
+    } else if (key == "RowNum") {
+      if (row.Number == row.InFile) Add(row.Number, key, value, other);
+    } else {
+      LeaveOut(key);
+    }
+  }
+
+  // A row that is nothing but texts has no frequency, and needs none.
+  void CompareFrequency(const Row& row, const View& value, const std::optional<View>& other) {
+    if (row.IsText) {
+      if (!MeanSame(value, other)) LeaveOut("Factor");
+    } else if (!AreSameFrequencies(value, other)) {
+      Add(row.Number, "Factor", value, other);
     }
   }
 
@@ -162,20 +180,22 @@ class Comparison {
     return value && TypeOf(*value) == ExchangeType::Analysis && SaysSomething(*value);
   }
 
-  void CompareText(int row, std::string_view key, const View& value, const std::optional<View>& other, bool is_text) {
+  void CompareText(const Row& row, std::string_view key, const View& value, const std::optional<View>& other) {
     if (AreSameTexts(value, other)) return;
     const bool has_nothing = AreSameTexts(value, std::nullopt);
     if (has_nothing && (key == "FactorString" || key == "Description")) return;
-    const bool has_no_effect = is_text && (key == "TimeType" || key == "FactorString");
-    has_no_effect ? LeaveOut(key) : Add(row, key, value, other);
+    const bool has_no_effect = row.IsText && (key == "TimeType" || key == "FactorString");
+    has_no_effect ? LeaveOut(key) : Add(row.Number, key, value, other);
   }
 
   // What a row of a file has, and the line has not.
-  void CompareGained(int row, const KORKeyedValues& written, const KORKeyedValues& reread, bool is_text) {
-    if (is_text) return;
+  void CompareGained(const Row& row, const KORKeyedValues& written, const KORKeyedValues& reread) {
+    if (row.IsText) return;
     for (const std::string_view key : {"Code", "TimeType"}) {
       const std::optional<View> gained = reread.Look(key);
-      if (!written.Look(key) && gained && SaysSomething(*gained)) Add(row, key, View(std::string_view()), gained);
+      if (!written.Look(key) && gained && SaysSomething(*gained)) {
+        Add(row.Number, key, View(std::string_view()), gained);
+      }
     }
   }
 

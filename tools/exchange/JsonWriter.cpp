@@ -22,6 +22,7 @@ constexpr const char* TemplateFolder = "JSONTemplates";
 constexpr const char* CompleteTemplate = "TAComplete_Template.JSON";
 constexpr const char* LineTemplate = "TALineAttributes_Template.JSON";
 constexpr const char* Extension = ".JSON";
+constexpr const char* FolderVariable = "KORTemp";
 constexpr std::size_t LongestDocument = std::size_t{1} << 30;
 
 // The services look for templates where KORStartupPath says; the folder of the setting "datacardpath" counts, too.
@@ -70,16 +71,18 @@ std::string MakeTemporaryFolder() {
 
 }  // namespace
 
-JsonWriter::JsonWriter(const Catalogue& catalogue, const Surroundings& surroundings) {
-  LetTemplatesBeFound(catalogue, surroundings.Session);
+JsonWriter::JsonWriter(const Catalogue& catalogue, const Surroundings& surroundings)
+    : _Session(surroundings.Session), _FolderBefore(_Session.GetEnvironment(FolderVariable)) {
+  LetTemplatesBeFound(catalogue, _Session);
   CheckTemplates(catalogue);
   _Folder = MakeTemporaryFolder();
-  surroundings.Session.SetEnvironment("KORTemp", KORUnicodeString(std::string_view(_Folder)));
+  _Session.SetEnvironment(FolderVariable, KORUnicodeString(std::string_view(_Folder)));
 }
 
 JsonWriter::~JsonWriter() {
   std::error_code ignored;
   files::remove_all(_Folder, ignored);
+  _FolderBefore ? _Session.SetEnvironment(FolderVariable, *_FolderBefore) : _Session.UnsetEnvironment(FolderVariable);
 }
 
 std::string JsonWriter::DocumentOf(const ExchangedAnalysis& analysis) const {

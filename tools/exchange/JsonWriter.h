@@ -1,6 +1,7 @@
 // Analyses as JSON, by the templates of the catalogue (VEXSTMJSONServices.h).
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "tools/Catalogue.h"
@@ -9,7 +10,7 @@
 
 namespace tool {
 
-/// Writes its files in a temporary folder of its own, which goes with it.
+/// Writes its files in a temporary folder of its own, which goes with it. The session has to outlive it.
 class JsonWriter {
  public:
   /// Raises NoJsonTemplate and JsonTemplateNotUsable, with the folders of the catalogue that were searched.
@@ -23,6 +24,8 @@ class JsonWriter {
   std::string DocumentOf(const ExchangedAnalysis& analysis) const;
 
  private:
+  KORSession& _Session;
+  std::optional<KORUnicodeString> _FolderBefore;  // that the session has for temporary files
   std::string _Folder;
 };
 

@@ -145,7 +145,7 @@ INSTANTIATE_TEST_SUITE_P(
                        [](const auto& folder) {
                          folder.Write("a.stream", std::string("\x7F"
                                                               "ELF\0\1|:|\0",
-                                                              11));
+                                                              10));
                        },
                        "holds a NUL byte"},
         UnreadableFile{"Pipe", [](const auto& folder) { mkfifo(folder.Path("a.stream").c_str(), 0600); },
