@@ -27,12 +27,17 @@ using Members = Json::object_t;
 // under the locale "C", in force on this thread alone.
 class PlainNumbers {
  public:
-  PlainNumbers() : _Before(uselocale(newlocale(LC_ALL_MASK, "C", nullptr))) {}
+  PlainNumbers() : _Before(uselocale(Plain())) {}
   PlainNumbers(const PlainNumbers&) = delete;
   PlainNumbers& operator=(const PlainNumbers&) = delete;
   ~PlainNumbers() { uselocale(_Before); }
 
  private:
+  static locale_t Plain() {
+    static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
+    return plain;
+  }
+
   locale_t _Before;
 };
 

@@ -8,7 +8,8 @@
 // Objects and arrays are values: a copy is independent of what it was copied from. A move costs a few nanoseconds
 // whatever the size, and what was moved from is empty. One object or array serves one thread at a time, also for
 // reading. Where memory runs out outside of the reading of a file, std::bad_alloc comes out, as from the texts of the
-// platform, and nothing was changed; there is no other exception.
+// platform, and nothing was changed; there is no other exception. Giving up nested values takes a little memory of its
+// own; where not even that is left, the process ends.
 #pragma once
 
 #include <cstddef>
@@ -113,7 +114,7 @@ class KORPLATFORM_API KOROmxJsonObject {
   KOROmxJsonObject() = default;
 
   /// The object that a file holds. It is left without keys if the file is missing, cannot be read, is longer or nested
-  /// deeper than the bounds above, takes more memory than there is, is no JSON (RFC 8259) as a whole, or has something
+  /// deeper than the bounds above, needs more memory to be read than there is, is no JSON (RFC 8259) as a whole, or has something
   /// other than an object at its top.
   ///
   /// Of several values under one key the last one holds, at the place of the first. Bytes that are no valid UTF-8 as a
