@@ -114,8 +114,8 @@ class KORPLATFORM_API KOROmxJsonObject {
   KOROmxJsonObject() = default;
 
   /// The object that a file holds. It is left without keys if the file is missing, cannot be read, is longer or nested
-  /// deeper than the bounds above, needs more memory to be read than there is, is no JSON (RFC 8259) as a whole, or has something
-  /// other than an object at its top.
+  /// deeper than the bounds above, needs more memory to be read than there is, is no JSON (RFC 8259) as a whole, or has
+  /// something other than an object at its top.
   ///
   /// Of several values under one key the last one holds, at the place of the first. Bytes that are no valid UTF-8 as a
   /// whole are read as Windows-1252, as KORUnicodeString does; a byte order mark of UTF-8 is passed over. A number
