@@ -304,9 +304,10 @@ Failure NothingWritten() {
 Failure IdentifierNoFileName(std::string_view identifier) {
   return Unusable(
       "the identifier " + Quoted(identifier) +
-      " is no name for a file: a path with \"/\" between its parts, none of them empty, with a \".\" ahead, "
-      "above 255 bytes with the extension, or a link, without control characters and \"\\\"; give the "
-      "analysis another identifier. It was not written");
+      " is no name for a file: in one the parts between \"/\" are not empty, begin with no \".\", hold no \"\\\" and "
+      "no "
+      "control character, are no links, and have at most 255 bytes with the extension; give the analysis another "
+      "identifier. It was not written");
 }
 
 Failure FileNameTwice(std::string_view identifier) {
