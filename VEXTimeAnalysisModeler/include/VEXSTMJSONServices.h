@@ -66,8 +66,8 @@ class VEXTIMEANALYSISMODELER_API VEXSTMJSONServices : public KORBaseUnknown {
   ///
   /// Returns the status that CreateStreamDiscriptorOnTA_FromJSON gave for the last analysis for which it was called; an
   /// earlier failure does not show in it and does not end the walk. S_OK if it was called for none, as for an empty
-  /// list and where all analyses have a JSON stream. For an object without a line
-  /// table, what stands under TALINESDETAILS stays.
+  /// list and where all analyses have a JSON stream. For an object without a line table, what stands under
+  /// TALINESDETAILS stays.
   ///
   /// What an analysis does not have, and what is wrong with a template, is no failure; see above what comes out then.
   static long CreateAndUpdateJSONOnTA(KORListValKORBaseUnknown_var& analyses);
@@ -85,9 +85,8 @@ class VEXTIMEANALYSISMODELER_API VEXSTMJSONServices : public KORBaseUnknown {
   ///
   ///   S_OK          the stream is on the analysis; one of the same format and name is replaced
   ///   E_INVALIDARG  no path can be had (KORMakePath), nothing is written: the analysis is null or has no properties,
-  ///   the
-  ///                 variable is not set, or the identifier leads out of the folder, holds a control character, or is
-  ///                 too long
+  ///                 the variable is not set, or the identifier leads out of the folder, holds a control character,
+  ///                 or is too long
   ///   E_FAIL        the file cannot be written, as into a folder that is not there or on a full disk, or cannot be
   ///                 added
   /// A file that cannot be written whole is not left behind, and never added.

@@ -8,11 +8,6 @@
 
 #include "platform/system/KORSystem.h"
 
-bool KORSeparatesWithSlash() {
-  const int code = KORGetOperatingSystem(0) & 0xFFFF;
-  return code <= 3 || code == 7;
-}
-
 std::string_view KORFolderSeparators() {
   return KORSeparatesWithSlash() ? "/" : "/\\";
 }

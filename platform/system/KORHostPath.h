@@ -6,10 +6,6 @@
 
 #include "platform/base/KORUnicodeString.h"
 
-/// True on the systems with "/" between folders, by the code of the current session; on the others "\" separates
-/// folders too.
-bool KORSeparatesWithSlash();
-
 /// The characters that separate folders in the current session.
 std::string_view KORFolderSeparators();
 

@@ -12,6 +12,7 @@
 #include "platform/base/KORStatus.h"
 #include "platform/system/KORHostPath.h"
 #include "platform/system/KORSession.h"
+#include "platform/system/KORSystem.h"
 
 namespace {
 

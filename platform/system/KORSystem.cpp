@@ -21,6 +21,11 @@ int KORGetOperatingSystem(int /*reserved*/) {
   return KORSession::Current().GetOperatingSystem();
 }
 
+bool KORSeparatesWithSlash() {
+  const int code = KORGetOperatingSystem(0) & 0xFFFF;
+  return code <= 3 || code == 7;
+}
+
 long KORSysGetLocalDecimalChar(KORUnicodeString& character) {
   if (const long fault = KORSession::Current().GetFault("KORSysGetLocalDecimalChar"); fault != S_OK) return fault;
   const wchar_t decimal = KORLocalDecimalCharacter();

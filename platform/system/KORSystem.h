@@ -11,6 +11,10 @@ KORPLATFORM_API KORUnicodeString KORGetEnv(const KORUnicodeString& name);
 /// The platform's code of the operating system; its low 16 bits count. The argument is reserved and passed as 0.
 KORPLATFORM_API int KORGetOperatingSystem(int reserved);
 
+/// True on the systems with "/" between folders, by that code: up to 3, and 7. On the others "\" separates folders,
+/// too.
+KORPLATFORM_API bool KORSeparatesWithSlash();
+
 /// Fills `character` with the decimal character of the locale that number input uses on this thread.
 /// S_OK; a negative status, with `character` untouched, if it cannot be had.
 KORPLATFORM_API long KORSysGetLocalDecimalChar(KORUnicodeString& character);

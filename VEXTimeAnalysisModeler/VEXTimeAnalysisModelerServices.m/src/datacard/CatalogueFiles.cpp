@@ -47,11 +47,6 @@ const char* EntryFileOf(const KORUnicodeString& system) {
   return EntryFileOfOtherNames;
 }
 
-bool SlashSeparatesFolders() {
-  const int code = KORGetOperatingSystem(0) & 0xFFFF;
-  return code <= 3 || code == 7;
-}
-
 bool IsRecording() {
   const KORRecord* recorder = KORRecord::GetMain();
   return recorder->IsCapture() != 0 || recorder->IsReplay() != 0;
@@ -115,7 +110,7 @@ void TakeGroupFile(const KORUnicodeString& file, const KORUnicodeString& folder,
 
 std::optional<KORUnicodeString> FindEntryFile(const KORUnicodeString& system) {
   const KORUnicodeString relative_path =
-      KORUnicodeString(EntryFolder) + (SlashSeparatesFolders() ? "/" : "\\") + EntryFileOf(system);
+      KORUnicodeString(EntryFolder) + (KORSeparatesWithSlash() ? "/" : "\\") + EntryFileOf(system);
   const KORSettingRepository* settings = Settings();
   if (settings == nullptr) return std::nullopt;
   KORUnicodeString card_folder = CardFolderSetting(*settings);

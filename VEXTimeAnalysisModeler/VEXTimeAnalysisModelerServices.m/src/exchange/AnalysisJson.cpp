@@ -114,8 +114,7 @@ long WriteFile(const KORUnicodeString& path, const KORUnicodeString& text) {
 }  // namespace
 
 KORUnicodeString FindJsonTemplate(const KORUnicodeString& name) {
-  const int system = KORGetOperatingSystem(0) & 0xFFFF;
-  const char* const separator = system <= 3 || system == 7 ? "/" : "\\";
+  const char* const separator = KORSeparatesWithSlash() ? "/" : "\\";
   return KORFindPath(KORUnicodeString(TemplateFolder) + separator + name, KORGetEnv("KORStartupPath"));
 }
 
