@@ -1,6 +1,7 @@
 // What two analyses differ in.
 #include "tests/tools/exchange/ModelComparison.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <map>
 #include <optional>
@@ -52,19 +53,14 @@ std::string TextOf(const KORStoredParameters& parameters) {
   return text;
 }
 
-// Interfaces are asked by methods that are not const.
-VEXTimeAnalysisRepReference& Asked(const VEXTimeAnalysisRepReference& analysis) {
-  return const_cast<VEXTimeAnalysisRepReference&>(analysis);  // NOLINT(cppcoreguidelines-pro-type-const-cast)
-}
-
-Values CollectLines(const VEXTimeAnalysisRepReference& analysis) {
+Values CollectLines(VEXTimeAnalysisRepReference& analysis) {
   Values values;
   int count = 0;
-  Asked(analysis).GetLineCount(count);
+  analysis.GetLineCount(count);
   values["lines"] = std::to_string(count);
   VEXTimeAnalysisLineData line;
   for (int row = 1; row <= count; ++row) {
-    Asked(analysis).GetLine(row, line);
+    analysis.GetLine(row, line);
     const VEXTimeAnalysisLineData::Content content = line.GetContent();
     const std::string ahead = std::to_string(row) + " ";
     Collect(content.Values, ahead, values);
@@ -104,7 +100,7 @@ std::set<std::string> Compare(const Values& left, const Values& right, bool with
 
 }  // namespace
 
-std::set<std::string> Differences(const VEXTimeAnalysisRepReference& left, const VEXTimeAnalysisRepReference& right) {
+std::set<std::string> Differences(VEXTimeAnalysisRepReference& left, VEXTimeAnalysisRepReference& right) {
   Values left_values, right_values;
   Collect(left.GetAttributes(), "", left_values);
   Collect(right.GetAttributes(), "", right_values);

@@ -11,7 +11,7 @@
 /// their number. A value differs if its type or a bit of it does. A null analysis is none. An attribute that only the
 /// right one has differs unless the left one has the same value under another of the names that stand for one in the
 /// exchange.
-std::set<std::string> Differences(const VEXTimeAnalysisRepReference& left, const VEXTimeAnalysisRepReference& right);
+std::set<std::string> Differences(VEXTimeAnalysisRepReference& left, VEXTimeAnalysisRepReference& right);
 
 /// The first analysis of a session with that identifier; null if there is none.
 KORHandle<VEXTimeAnalysisRepReference> FindAnalysis(KORSession& session, const std::string& identifier);

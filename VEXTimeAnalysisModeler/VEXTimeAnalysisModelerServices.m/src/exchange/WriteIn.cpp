@@ -64,6 +64,12 @@ void SetTyped(ValueType type, std::string_view text, const Set& set) {
   }
 }
 
+// A column of the line table that is written in.
+struct Column {
+  std::string Key;     // as its header item has it
+  const LineRow* Row;  // null: the exchange has no such key
+};
+
 class Writer {
  public:
   explicit Writer(const KORBaseUnknown_var& analysis) : _Attributes(AttributesOf(analysis)), _Lines(analysis) {}
@@ -77,8 +83,8 @@ class Writer {
   void SetCell(const LineRow& cell, std::string_view value, VEXTimeAnalysisLineData& line);
 
   VEXITimeAnalysisRepReference_var _Attributes;
-  VEXITimeAnalysisLines_var _Lines;   // null: the object has no line table
-  std::vector<std::string> _Columns;  // keys of the header row, in the order of their arrival
+  VEXITimeAnalysisLines_var _Lines;  // null: the object has no line table
+  std::vector<Column> _Columns;      // in the order in which their header items arrived
   long _Status = E_FAIL;
 };
 
@@ -118,8 +124,7 @@ void Writer::SetCell(const LineRow& cell, std::string_view value, VEXTimeAnalysi
 long Writer::WriteCell(const Item& item, int row) {
   const int column = IntegerOf(item.Field(cell_field::Column));
   if (column < 0 || static_cast<std::size_t>(column) >= _Columns.size()) return E_INVALIDARG;
-  const std::string& key = _Columns[static_cast<std::size_t>(column)];
-  const LineRow* const cell = FindLineValueByKey(key);
+  const auto& [key, cell] = _Columns[static_cast<std::size_t>(column)];
   if (cell == nullptr) {
     TraceNamed("Failed to map line attribute ", key);
     return E_INVALIDARG;
@@ -142,7 +147,8 @@ long Writer::Write(const KORListValKORUnicodeString& items) {
     } else if (item.Kind() == LineData) {
       const int row = IntegerOf(item.Field(cell_field::Row));
       if (row == 0) {
-        _Columns.emplace_back(item.Field(cell_field::Value));
+        const std::string_view key = item.Field(cell_field::Value);
+        _Columns.push_back({std::string(key), FindLineValueByKey(key)});
       } else if (_Lines.IsNull()) {
         return E_NOINTERFACE;
       } else {
@@ -156,8 +162,7 @@ long Writer::Write(const KORListValKORUnicodeString& items) {
 }  // namespace
 
 long WriteIn(const KORListValKORUnicodeString& items, const KORBaseUnknown_var& analysis) {
-  Writer writer(analysis);
-  return items.Size() == 0 ? E_FAIL : writer.Write(items);
+  return Writer(analysis).Write(items);
 }
 
 }  // namespace exchange
