@@ -332,6 +332,14 @@ class VEXTIMEANALYSISMODELER_API VEXSTMTimeAnalysisDlgServices : public KORBaseU
   /// The identifier ("PLM_ExternalID") of an analysis; empty for null and for an object without properties.
   static KORUnicodeString GetTAPLMExternalID(KORBaseUnknown* analysis);
 
+  /// The first time analysis that the query for that "PLM_ExternalID" finds; null if it finds none.
+  static KORBaseUnknown_var GetTAFromPLMExternalID(KORUnicodeString identifier);
+
+  /// Brings an analysis into the mode "Authoring_Mode" and loads its applicative container. The status of the last step
+  /// taken: of the switch engine, of the preparation, of the switch, of the container. Success without anything done
+  /// for null, and if there is no engine though its status is a success.
+  static long LoadRepRef(KORBaseUnknown* analysis);
+
   // ------------------------------------------------------------------------------------------------ Calculation
 
   /// Evaluates the formulas of a line with the values of its parameters.

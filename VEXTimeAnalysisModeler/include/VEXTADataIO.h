@@ -25,6 +25,7 @@
 #include "platform/base/KORBaseUnknown.h"
 #include "platform/base/KORHandle.h"
 #include "platform/base/KORList.h"
+#include "platform/base/KORObjectLists.h"
 #include "platform/base/KORStatus.h"
 #include "platform/base/KORUnicodeString.h"
 
@@ -87,4 +88,17 @@ class VEXTIMEANALYSISMODELER_API VEXTADataIO : public KORBaseUnknown {
   /// each of them costs a search of all analyses of the session. Apart from that the time is proportional to the cells.
   static long SetAnalysisData(const KORUnicodeString& identifier, KORListValKORUnicodeString& items,
                               KORBaseUnknown* analysis);
+
+  /// Turns legacy analyses into present ones: for each operation the stream of its old analysis is read
+  /// (VEXSTTApplicativeContainerServices::RetrieveDBDIStream), a new analysis takes the place of the old one, and the
+  /// stream is written into it. Line feeds, and then "|", at the end of a stream are left out.
+  ///
+  /// occurrences  occurrences of operations; any other object is passed over
+  ///
+  /// An operation without an analysis, without a stream, or for which no new analysis can be made, stays as it was, and
+  /// the next one is taken. Once the new analysis is in its place nothing is rolled back. An old analysis without
+  /// VEXITimeAnalysisProperties ends the whole. Nothing is calculated and nothing is saved.
+  ///
+  /// Returns the status of the last step taken for the last operation: E_FAIL if there was none, and for an empty list.
+  static long MigrateAllQ4TimeAnalysesToR9(KORListValKORBaseUnknown_var& occurrences);
 };

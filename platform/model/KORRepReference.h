@@ -14,7 +14,9 @@ struct KORRepContent {
   KORUnicodeString LegacyStreamPath;  // local file that holds the legacy stream; empty for none
   KORStreamList Streams;              // the extended streams
   KORBaseUnknown_var Container;       // applicative container, not to hold its owner; null for none
+  KORUnicodeString LoadingMode;       // the mode that it was brought into last; empty: as it was made
   bool IsLastMajorRevision = true;
+  bool IsInDatabase = true;  // false: the database knows nothing of it
 };
 
 /// A representation reference. One of this very class is of a kind that the system doesn't look into; a time analysis

@@ -6,8 +6,10 @@
 
 #include "platform/base/KORBaseUnknown.h"
 #include "platform/base/KORExport.h"
+#include "platform/base/KORObjectLists.h"
 #include "platform/base/KORString.h"
 #include "platform/base/KORUnicodeString.h"
+#include "platform/services/KOROmbLifeCycleRootsBag.h"
 
 /// Attributes and the values that an object has to have in them.
 class KORPLATFORM_API VEXSTTAdpIdentificationSet {
@@ -29,4 +31,17 @@ struct KORPLATFORM_API VEXSTTAnalysesQueryServices {
   /// element  [out] the analysis, with a reference that the caller releases; null on failure
   /// S_OK; E_INVALIDARG for an empty set; E_FAIL if there is none.
   static long GetElementByIdentificationSet(const VEXSTTAdpIdentificationSet& set, KORBaseUnknown*& element);
+
+  /// Finds all of them: fills `elements` with the analyses whose attributes have the values of the set, in the order in
+  /// which they were made. S_OK, also if there is none; E_INVALIDARG, with an empty list, for an empty set.
+  ///
+  /// bag  keeps the analyses alive
+  static long GetElementsFromAttributes(const VEXSTTAdpIdentificationSet& set, KORListValKORBaseUnknown_var& elements,
+                                        KOROmbLifeCycleRootsBag& bag);
+
+  /// Fills `analyses` with all time analyses of the current session, in the order in which they were made. S_OK; the
+  /// list is empty on failure.
+  ///
+  /// bag  keeps the analyses alive
+  static long GetAllTimeAnalysis(KORListValKORBaseUnknown_var& analyses, KOROmbLifeCycleRootsBag& bag);
 };

@@ -74,16 +74,17 @@ KORSettingRepository* KORSession::FindRepository(const KORUnicodeString& name) {
   return found == _Repositories.end() ? nullptr : found->second.get();
 }
 
-void KORSession::InjectFault(const std::string& operation, long status) {
-  _Faults[operation] = status;
-}
-
-void KORSession::ClearFaults() {
-  _Faults.clear();
+std::optional<KORFault> KORSession::TakeFault(const char* operation) {
+  if (_Faults.empty()) return std::nullopt;
+  const auto found = _Faults.find(std::string_view(operation));
+  if (found == _Faults.end()) return std::nullopt;
+  const KORFault fault = found->second;
+  if (fault.Holds == KORFault::Life::Once) _Faults.erase(found);
+  return fault;
 }
 
 long KORSession::GetFault(const char* operation) const {
   if (_Faults.empty()) return S_OK;
   const auto found = _Faults.find(std::string_view(operation));
-  return found == _Faults.end() ? S_OK : found->second;
+  return found == _Faults.end() ? S_OK : found->second.Status;
 }

@@ -14,6 +14,7 @@
 #include "platform/base/KORError.h"
 #include "platform/base/KORExport.h"
 #include "platform/base/KORUnicodeString.h"
+#include "platform/system/KORFault.h"
 #include "platform/system/KORRecord.h"
 #include "platform/system/KORSettingRepository.h"
 
@@ -83,19 +84,22 @@ class KORPLATFORM_API KORSession {
   int GetOperatingSystem() const { return _OperatingSystem; }
   void SetOperatingSystem(int code) { _OperatingSystem = code; }
 
-  /// Makes every later call of a platform operation in this session fail with `status`, by the operation's name, until
-  /// ClearFaults. For tests of what callers do then. The operations that can fail so: "KORSysGetLocalDecimalChar",
-  /// "KORSplitPath", "KORListDirectory", "CreateKORIXMLDOMDocumentBuilder", "CreateKORIXMLSAX2Factory", "Parse",
-  /// "GetCurrentUserId", "GetPLMIdentificator", "GetResolutionSpace", "ResolveComponent", "GetRelatedInstance",
-  /// "GetInstanceReference", "ListRepInstances", "AddRepInstance", "RemoveRepInstance", "GetRepReference", "KORFOpen",
-  /// "KORFSize", "KORFRead", "KORFWrite", "KORFClose", "_KORFileAccess", "KORMakePath", "KORSplitPathEx",
-  /// "FromNativeFilePathToUrl", "KOROmbLoadableDataUniqueKey::Create", "GetStreamFormat", "CopyStreamToFile",
-  /// "AddExtendedSDForRepRef", "GetExtendedContent", "DeleteSD", "AddAttribute", "GetElementByIdentificationSet". Their
-  /// out arguments are left as on a failure of their own, and a file that "KORFWrite" or "KORFClose" fails for is given
-  /// up as on theirs.
-  void InjectFault(const std::string& operation, long status);
-  void ClearFaults();
-  /// The status with which the operation is to fail; S_OK if it is to do its work.
+  /// Makes calls of an operation of the platform in this session fail, for tests of what callers do then. The
+  /// operations of platform/system, platform/model and platform/services can fail so, and those of platform/document
+  /// that read.
+  ///
+  /// operation  its name, as "GetRepReference"; with its class where the name alone would say little, as
+  ///            "KORPLMApplicativeContainerServices::Retrieve"
+  /// fault      holds from now on, in place of the one before, for one call or until ClearFaults
+  ///
+  /// Out arguments are left as on a failure of the operation's own, but for a fault of the kind StatusAlone.
+  void InjectFault(const std::string& operation, const KORFault& fault) { _Faults[operation] = fault; }
+  /// The same with a status, for all calls.
+  void InjectFault(const std::string& operation, long status) { InjectFault(operation, KORFault{status}); }
+  void ClearFaults() { _Faults.clear(); }
+  /// The fault with which this call of the operation is to fail; nothing if it is to do its work. For the operations
+  /// (KORPerform); one that holds once is gone then.
+  std::optional<KORFault> TakeFault(const char* operation);
   long GetFault(const char* operation) const;
 
  private:
@@ -106,7 +110,7 @@ class KORPLATFORM_API KORSession {
   KORUnicodeString _CurrentUserId;
   std::map<std::string, std::optional<KORUnicodeString>> _Environment;
   std::map<KORUnicodeString, std::unique_ptr<KORSettingRepository>> _Repositories;
-  std::map<std::string, long, std::less<>> _Faults;
+  std::map<std::string, KORFault, std::less<>> _Faults;
   KORRecord _Recorder;
   int _OperatingSystem;
   std::vector<std::pair<std::type_index, OwnedPart>> _Parts;  // in the order in which they were made

@@ -1,0 +1,22 @@
+// Components: classes that are made by their name.
+#pragma once
+
+#include "platform/base/KORBaseUnknown.h"
+#include "platform/base/KORExport.h"
+
+/// Makes a new object of a component, with one reference, which is the caller's.
+using KORComponentMaker = KORBaseUnknown* (*)();
+
+struct KORPLATFORM_API KORFillDictionary {
+  /// Registers how a component is made, for the process. Safe across threads; it can be called from static
+  /// initialisers. True; false, with nothing changed, for a name that is registered already.
+  static bool RegisterFunctionCreation(const char* component, KORComponentMaker maker);
+};
+
+/// Makes a new object of a registered component and asks it for an interface. Safe across threads.
+///
+/// interface_id  of the interface that is wanted
+/// out           [out] pointer to the interface with a reference, which the caller releases; null on failure
+/// S_OK; E_FAIL if no component of that name is registered; E_NOINTERFACE if it doesn't offer the interface;
+/// E_INVALIDARG for a null argument.
+KORPLATFORM_API long KORInstantiateComponent(const char* component, const KORUuid& interface_id, void** out);

@@ -1,0 +1,10 @@
+// Names that the modeler declares for its data.
+#pragma once
+
+#include "platform/base/KORExport.h"
+#include "platform/base/KORUnicodeString.h"
+
+struct KORPLATFORM_API VEXTimeAnalysisModelerDeclarations {
+  /// The storage in which the features of a time analysis are declared.
+  static const KORUnicodeString StorageName;
+};
