@@ -70,10 +70,15 @@ class VEXTIMEANALYSISMODELER_API VEXSTTApplicativeContainerServices : public KOR
   /// error where a line reuses it.
   ///
   /// The climb goes up every way there is, depth first, as UpdateTemplateToImapctedTA does, and ends on a way where it
-  /// meets an analysis that is already on that way: that one is not climbed again. If there are so many ways that
-  /// analyses would be visited again and again, each analysis is brought up to date once, behind all that it reuses,
-  /// which gives the same lines and totals in time proportional to the lines; it then stands in what is saved once for
-  /// each line that was rewritten.
+  /// meets an analysis that is already on that way: that one is not climbed to again. What is saved has one entry for
+  /// each line at each visit.
+  ///
+  /// Where there are so many ways that lines would be rewritten more than a few times each, every analysis is brought
+  /// up to date once instead, behind all that it reuses: the same lines and totals in time proportional to the lines,
+  /// and one entry for each line in what is saved. Two things depend on the number of visits and are those of one visit
+  /// then: a circle of reuses, whose lines take over what the lines below had at the visit, and parameters of a changed
+  /// analysis that bear the identifier of the one that reuses it, as where both have the same: such a line keeps them
+  /// as its own, and gets them once more at each visit.
   static long UpdateModificationsTOAllImpactedTimeAnalysis(KORBaseUnknown_var changed, KOROmbLifeCycleRootsBag& bag,
                                                            KORListValKORBaseUnknown_var& unused,
                                                            KORListValKORBaseUnknown_var& all_analyses);
@@ -117,6 +122,6 @@ class VEXTIMEANALYSISMODELER_API VEXSTTApplicativeContainerServices : public KOR
                                                KORListValKORUnicodeString& new_identifiers);
 
   /// Releases the objects in the lists (KORRawCollPV) that stand as values in a table, null entries left out, frees the
-  /// lists and the table, and sets the pointer to null. S_OK; E_INVALIDARG for null.
+  /// table and sets the pointer to null. The lists themselves stay the caller's. S_OK; E_INVALIDARG for null.
   static long CleanHashObjectWithListValues(KORHashObject*& table);
 };

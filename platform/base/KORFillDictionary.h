@@ -11,6 +11,9 @@ struct KORPLATFORM_API KORFillDictionary {
   /// Registers how a component is made, for the process. Safe across threads; it can be called from static
   /// initialisers. True; false, with nothing changed, for a name that is registered already.
   static bool RegisterFunctionCreation(const char* component, KORComponentMaker maker);
+
+  /// How a component is made; null if it is not registered. Safe across threads.
+  static KORComponentMaker FindFunctionCreation(const char* component);
 };
 
 /// Makes a new object of a registered component and asks it for an interface. Safe across threads.

@@ -15,7 +15,8 @@ class KORIContainer : public KORInterface<KORIContainer> {
   static constexpr const char* InterfaceName = "KORIContainer";
 
   /// A new sequence, which is the caller's, of the members that are of the class (KORBaseUnknown::IsAKindOf) or offer
-  /// the interface of that name; in the order in which they came in, each with a reference that the caller releases.
+  /// the interface of features of that name (KORISpecObject, KORISpecAttrAccess); in the order in which they came in,
+  /// each with a reference that the caller releases. Null on failure.
   virtual std::unique_ptr<_SEQUENCE_KORBaseUnknown_ptr> ListMembers(const char* class_name) = 0;
 };
 using KORIContainer_var = KORHandle<KORIContainer>;

@@ -5,6 +5,7 @@
 
 #include "platform/base/KORExport.h"
 #include "platform/base/KORUnicodeString.h"
+#include "platform/model/KORICkeObject.h"
 #include "platform/model/KORIInstance.h"
 #include "platform/model/KORKeyedValues.h"
 #include "platform/model/KORPLMComponent.h"
@@ -15,7 +16,7 @@ inline constexpr std::string_view KORReservedAttribute = "reserved";
 inline constexpr std::string_view KORReservedByAttribute = "reservedby";
 
 /// Base of the objects of the model. One object serves one thread at a time.
-class KORPLATFORM_API KORPLMObject : public KORImplements<KORIPLMComponent, KORIInstance> {
+class KORPLATFORM_API KORPLMObject : public KORImplements<KORIPLMComponent, KORIInstance, KORICkeObject> {
  public:
   KORPLMObject() = default;
   /// An object with that "PLM_ExternalID".

@@ -59,7 +59,7 @@ class KORPLATFORM_API KORFrmWindow final : public KORImplements<KORIPLMSextantQu
 
   explicit KORFrmWindow(const Filter& filter) : _Filter(filter) {}
 
-  /// Both: S_OK.
+  /// Both: S_OK; the first gives E_INVALIDARG, with nothing filled, for null `values`.
   long GetBIFilterInfo(unsigned char& active, KORUnicodeString& name, KORListValKORString* values) override;
   long GetQuadrantOpennessID(KORString& identifier) override;
 

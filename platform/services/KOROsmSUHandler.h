@@ -11,8 +11,8 @@ class KORPLATFORM_API KOROsmSUHandler {
   /// name     of the feature: any text but the empty one can be made
   /// text     passed as empty
   /// storage  where it is declared: VEXTimeAnalysisModelerDeclarations::StorageName
-  KOROsmSUHandler(const KORUnicodeString& name, const KORUnicodeString& text, const KORUnicodeString& storage)
-      : _Name(name), _Text(text), _Storage(storage) {}
+  KOROsmSUHandler(const KORUnicodeString& name, const KORUnicodeString& /*text*/, const KORUnicodeString& storage)
+      : _Name(name), _Storage(storage) {}
 
   /// Makes the feature, which bears the name of the handler, behind the members of the container.
   ///
@@ -25,6 +25,5 @@ class KORPLATFORM_API KOROsmSUHandler {
 
  private:
   KORUnicodeString _Name;
-  KORUnicodeString _Text;
   KORUnicodeString _Storage;
 };

@@ -8,7 +8,7 @@
 
 #include "platform/base/KORStatus.h"
 #include "platform/model/KORModel.h"
-#include "platform/system/KORSession.h"
+#include "platform/system/KORPerform.h"
 
 namespace {
 
@@ -29,21 +29,49 @@ bool HasAll(const KORKeyedValues& attributes, const VEXSTTAdpIdentificationSet& 
 }  // namespace
 
 long VEXSTTAdpIdentificationSet::AddAttribute(const KORString& name, const KORUnicodeString& value) {
-  if (const long fault = KORSession::Current().GetFault("AddAttribute"); fault != S_OK) return fault;
-  _Attributes.emplace_back(name, value);
-  return S_OK;
+  return KORPerform("AddAttribute", [this, &name, &value] {
+    _Attributes.emplace_back(name, value);
+    return S_OK;
+  });
 }
 
 long VEXSTTAnalysesQueryServices::GetElementByIdentificationSet(const VEXSTTAdpIdentificationSet& set,
                                                                 KORBaseUnknown*& element) {
   element = nullptr;
-  if (const long fault = KORSession::Current().GetFault("GetElementByIdentificationSet"); fault != S_OK) return fault;
-  if (set.GetAttributes().empty()) return E_INVALIDARG;
-  for (const KORHandle<VEXTimeAnalysisRepReference>& analysis : KORModel::Current().GetTimeAnalyses()) {
-    if (!HasAll(analysis->GetAttributes(), set)) continue;
-    element = analysis->GetImpl(0);
-    element->AddRef();
+  return KORPerform("GetElementByIdentificationSet", [&set, &element] {
+    if (set.GetAttributes().empty()) return E_INVALIDARG;
+    for (const KORHandle<VEXTimeAnalysisRepReference>& analysis : KORModel::Current().GetTimeAnalyses()) {
+      if (!HasAll(analysis->GetAttributes(), set)) continue;
+      element = analysis->GetImpl(0);
+      element->AddRef();
+      return S_OK;
+    }
+    return E_FAIL;
+  });
+}
+
+long VEXSTTAnalysesQueryServices::GetElementsFromAttributes(const VEXSTTAdpIdentificationSet& set,
+                                                            KORListValKORBaseUnknown_var& elements,
+                                                            KOROmbLifeCycleRootsBag& bag) {
+  elements.RemoveAll();
+  return KORPerform("GetElementsFromAttributes", [&set, &elements, &bag] {
+    if (set.GetAttributes().empty()) return E_INVALIDARG;
+    for (const KORHandle<VEXTimeAnalysisRepReference>& analysis : KORModel::Current().GetTimeAnalyses()) {
+      if (HasAll(analysis->GetAttributes(), set)) elements.Append(analysis);
+    }
+    bag.Keep(elements);
     return S_OK;
-  }
-  return E_FAIL;
+  });
+}
+
+long VEXSTTAnalysesQueryServices::GetAllTimeAnalysis(KORListValKORBaseUnknown_var& analyses,
+                                                     KOROmbLifeCycleRootsBag& bag) {
+  analyses.RemoveAll();
+  return KORPerform("GetAllTimeAnalysis", [&analyses, &bag] {
+    for (const KORHandle<VEXTimeAnalysisRepReference>& analysis : KORModel::Current().GetTimeAnalyses()) {
+      analyses.Append(analysis);
+    }
+    bag.Keep(analyses);
+    return S_OK;
+  });
 }

@@ -5,6 +5,7 @@
 #include "platform/base/KORUnicodeString.h"
 
 struct KORPLATFORM_API VEXTimeAnalysisModelerDeclarations {
-  /// The storage in which the features of a time analysis are declared.
-  static const KORUnicodeString StorageName;
+  /// The storage in which the features of a time analysis are declared. It is there for every static object of a source
+  /// that includes this header ahead of it.
+  static inline const KORUnicodeString StorageName{"VEXTimeAnalysisModelerFeatures"};
 };

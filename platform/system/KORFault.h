@@ -18,5 +18,5 @@ struct KORFault {
   long Status = E_FAIL;  // of the first two kinds
   Kind What = Kind::StatusAndNull;
   Life Holds = Life::Always;
-  std::exception_ptr Error;  // of the last kind; not null there
+  std::exception_ptr Error = nullptr;  // of the last kind; not null there
 };

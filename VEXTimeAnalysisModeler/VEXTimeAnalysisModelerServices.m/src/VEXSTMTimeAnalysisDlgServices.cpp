@@ -26,6 +26,8 @@
 #include "datacard/EntryTable.h"
 #include "datacard/PatternMemory.h"
 #include "datacard/XmlAccess.h"
+#include "objects/AnalysisLookup.h"
+#include "objects/AuthoringLoad.h"
 #include "platform/base/KORNumberText.h"
 #include "platform/system/KORSettingRepository.h"
 #include "timevalue/DecimalCharacter.h"
@@ -378,6 +380,14 @@ void VEXSTMTimeAnalysisDlgServices::PrepareListOfAllLevelReusedPLMIds(KORBaseUnk
 
 KORUnicodeString VEXSTMTimeAnalysisDlgServices::GetTAPLMExternalID(KORBaseUnknown* analysis) {
   return calculation::IdentifierOf(analysis);
+}
+
+KORBaseUnknown_var VEXSTMTimeAnalysisDlgServices::GetTAFromPLMExternalID(KORUnicodeString identifier) {
+  return objects::FindAnalysis(identifier);
+}
+
+long VEXSTMTimeAnalysisDlgServices::LoadRepRef(KORBaseUnknown* analysis) {
+  return objects::LoadForAuthoring(analysis);
 }
 
 // Calculation

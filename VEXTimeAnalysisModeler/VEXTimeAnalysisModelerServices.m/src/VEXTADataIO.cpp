@@ -3,6 +3,7 @@
 
 #include "exchange/AnalysisObject.h"
 #include "exchange/ItemText.h"
+#include "exchange/LegacyMigration.h"
 #include "exchange/ReadOut.h"
 #include "exchange/WriteIn.h"
 
@@ -20,4 +21,8 @@ long VEXTADataIO::SetAnalysisData(const KORUnicodeString& identifier, KORListVal
                                   KORBaseUnknown* analysis) {
   const KORBaseUnknown_var object = exchange::GivenOrFound(identifier, analysis);
   return object.IsNull() ? E_FAIL : exchange::WriteIn(items, object);
+}
+
+long VEXTADataIO::MigrateAllQ4TimeAnalysesToR9(KORListValKORBaseUnknown_var& occurrences) {
+  return exchange::MigrateLegacyAnalyses(occurrences);
 }

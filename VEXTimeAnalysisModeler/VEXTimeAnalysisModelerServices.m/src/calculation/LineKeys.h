@@ -21,6 +21,8 @@ inline const KORString TWTimeKey = "TWTime";
 
 // Attributes of an analysis
 inline const KORString ExternalIdKey = "PLM_ExternalID";
+inline const KORString TotalCalculatedKey = "TotalCalculated";
+inline const KORString TRGCalculatedKey = "TRGCalculated";
 
 /// The frequency of a line that has none of its own; it counts as 1.0.
 inline constexpr double NoFrequency = -1.0;

@@ -1,15 +1,12 @@
 // Which analyses an analysis reuses.
 #include "calculation/ReuseTree.h"
 
-#include <cstddef>
 #include <string>
 #include <unordered_set>
-#include <utility>
 #include <vector>
 
 #include "calculation/LineKeys.h"
 #include "calculation/LineTime.h"
-#include "platform/model/VEXITimeAnalysisLines.h"
 #include "platform/model/VEXITimeAnalysisProperties.h"
 #include "platform/model/VEXITimeAnalysisRepReference.h"
 
@@ -20,23 +17,6 @@ namespace {
 KORBaseUnknown_var ReusedAnalysisOf(const VEXTimeAnalysisLineData& line) {
   KORBaseUnknown_var reused;
   (void)line.GetValue(TimeAnalysisKey, reused);
-  return reused;
-}
-
-// What the lines of an analysis reuse, in the order of the rows.
-std::vector<KORBaseUnknown_var> ReusedAnalysesOf(const KORBaseUnknown_var& analysis) {
-  const VEXITimeAnalysisLines_var lines = analysis;
-  int count = 0;
-  (void)lines->GetLineCount(count);
-  KORRawCollPV records;
-  (void)lines->GetLines(1, count, records);
-  std::vector<KORBaseUnknown_var> reused;
-  for (const void* const record : records) {
-    if (record == nullptr) continue;
-    KORBaseUnknown_var one = ReusedAnalysisOf(*static_cast<const VEXTimeAnalysisLineData*>(record));
-    if (!one.IsNull()) reused.push_back(std::move(one));
-  }
-  ReleaseLines(records);
   return reused;
 }
 
@@ -54,18 +34,18 @@ class Walk {
     Enter(analysis);
     while (!_Open.empty()) {
       Level& level = _Open.back();
-      if (level.Next == level.Reused.size()) {
+      if (level.Last == level.Reused.Size()) {
         _Open.pop_back();
       } else {
-        Enter(KORBaseUnknown_var(level.Reused[level.Next++]));
+        Enter(KORBaseUnknown_var(level.Reused[++level.Last]));
       }
     }
   }
 
  private:
   struct Level {
-    std::vector<KORBaseUnknown_var> Reused;
-    std::size_t Next = 0;
+    KORListValKORBaseUnknown_var Reused;
+    int Last = 0;  // position of the one that was entered last
   };
 
   void Enter(const KORBaseUnknown_var& analysis) {
@@ -88,6 +68,21 @@ class Walk {
 };
 
 }  // namespace
+
+KORListValKORBaseUnknown_var ReusedAnalysesOf(const VEXITimeAnalysisLines_var& lines) {
+  int count = 0;
+  (void)lines->GetLineCount(count);
+  KORRawCollPV records;
+  (void)lines->GetLines(1, count, records);
+  KORListValKORBaseUnknown_var reused;
+  for (const void* const record : records) {
+    if (record == nullptr) continue;
+    const KORBaseUnknown_var one = ReusedAnalysisOf(*static_cast<const VEXTimeAnalysisLineData*>(record));
+    if (!one.IsNull()) reused.Append(one);
+  }
+  ReleaseLines(records);
+  return reused;
+}
 
 KORBaseUnknown_var ReusedAnalysisOfRow(int row, const KORBaseUnknown_var& analysis) {
   const VEXITimeAnalysisLines_var lines = analysis;

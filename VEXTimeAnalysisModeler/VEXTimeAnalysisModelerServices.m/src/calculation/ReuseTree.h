@@ -6,8 +6,12 @@
 #include "platform/base/KORList.h"
 #include "platform/base/KORObjectLists.h"
 #include "platform/base/KORUnicodeString.h"
+#include "platform/model/VEXITimeAnalysisLines.h"
 
 namespace calculation {
+
+/// What lines reuse, row by row: one that is reused on several rows stands there as often. The argument is not null.
+KORListValKORBaseUnknown_var ReusedAnalysesOf(const VEXITimeAnalysisLines_var& lines);
 
 KORBaseUnknown_var ReusedAnalysisOfRow(int row, const KORBaseUnknown_var& analysis);
 bool HasReusedLine(const KORBaseUnknown_var& analysis);

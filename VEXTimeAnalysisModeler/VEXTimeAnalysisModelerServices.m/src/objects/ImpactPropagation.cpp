@@ -1,0 +1,70 @@
+// The change of an analysis carried to all analyses above it.
+#include "objects/ImpactPropagation.h"
+
+#include <optional>
+#include <unordered_set>
+#include <vector>
+
+#include "VEXSTMTimeAnalysisDlgServices.h"
+#include "objects/ImpactClimb.h"
+#include "objects/ReuseIndex.h"
+#include "objects/ReusingLines.h"
+#include "platform/base/KORStatus.h"
+#include "platform/services/KORAdpProtectedSaver.h"
+#include "platform/services/VEXSTTAnalysesQueryServices.h"
+
+namespace objects {
+
+namespace {
+
+void Climb(ImpactClimb climb, VEXSTMTimeAnalysisDlgServices& services, KORListPtrKORIPLMComponent& components) {
+  while (const std::optional<ImpactStep> step = climb.Next()) {
+    BringUpToDate(KORBaseUnknown_var(step->Impacted), {step->Changed}, services, components);
+  }
+}
+
+}  // namespace
+
+void UpdateOnEveryWay(const KORBaseUnknown_var& changed, const KORHashObject& reuses,
+                      KORListPtrKORIPLMComponent& components) {
+  VEXSTMTimeAnalysisDlgServices services;
+  Climb(ImpactClimb(reuses, {changed.Get()}), services, components);
+}
+
+void UpdateEachOnce(const KORBaseUnknown_var& changed, const KORHashObject& reuses,
+                    KORListPtrKORIPLMComponent& components) {
+  VEXSTMTimeAnalysisDlgServices services;
+  std::unordered_set<const KORBaseUnknown*> up_to_date{changed.Get()};
+  for (KORBaseUnknown* const impacted : ImpactedInOrder(reuses, changed.Get())) {
+    BringUpToDate(KORBaseUnknown_var(impacted), up_to_date, services, components);
+    up_to_date.insert(impacted);
+  }
+}
+
+void UpdateAndClimb(const KORBaseUnknown_var& changed, const KORBaseUnknown_var& impacted, const KORHashObject* reuses,
+                    KORListPtrKORIPLMComponent& components) {
+  if (impacted.IsNull()) return;
+  VEXSTMTimeAnalysisDlgServices services;
+  BringUpToDate(impacted, {changed.Get()}, services, components);
+  if (reuses == nullptr) return;
+  std::vector<KORBaseUnknown*> way{impacted.Get()};
+  if (!changed.IsNull()) way.insert(way.begin(), changed.Get());
+  Climb(ImpactClimb(*reuses, way), services, components);
+}
+
+long UpdateAllAbove(const KORBaseUnknown_var& changed, KOROmbLifeCycleRootsBag& bag,
+                    KORListValKORBaseUnknown_var& all_analyses) {
+  if (all_analyses.Size() > 0) return S_OK;
+  ReuseIndex reuses;
+  long status = VEXSTTAnalysesQueryServices::GetAllTimeAnalysis(all_analyses, bag);
+  status = reuses.Enter(all_analyses, status);
+  if (changed.IsNull() || reuses.Table()->Get(changed->GetImpl(0)) == nullptr) return S_OK;
+
+  RewrittenComponents components;
+  const bool once = HasManyWays(*reuses.Table(), changed.Get());
+  (once ? UpdateEachOnce : UpdateOnEveryWay)(changed, *reuses.Table(), components.List());
+  (void)KORAdpProtectedSaver(components.List(), nullptr).Save();
+  return status;
+}
+
+}  // namespace objects

@@ -1,0 +1,43 @@
+// The lines of an analysis that reuse another one, brought up to date with it.
+#pragma once
+
+#include <unordered_set>
+
+#include "VEXSTMTimeAnalysisDlgServices.h"
+#include "platform/base/KORHandle.h"
+#include "platform/base/KORList.h"
+#include "platform/base/KORUnicodeString.h"
+#include "platform/model/KORPLMComponent.h"
+#include "platform/model/VEXTimeAnalysisLineData.h"
+
+namespace objects {
+
+/// Components to be saved, one entry for each line that was rewritten, each with a reference.
+class RewrittenComponents {
+ public:
+  RewrittenComponents() = default;
+  RewrittenComponents(const RewrittenComponents&) = delete;
+  RewrittenComponents& operator=(const RewrittenComponents&) = delete;
+  /// Releases the entries.
+  ~RewrittenComponents();
+
+  KORListPtrKORIPLMComponent& List() { return _List; }
+
+ private:
+  KORListPtrKORIPLMComponent _List;
+};
+
+/// Rewrites each line of `impacted` that reuses one of the changed analyses, and calculates `impacted` anew if there was
+/// one: "FormulaParameter" becomes the parameters of the reused analysis followed by the line's own, "TTBTime" and
+/// "TotalTime" its time in seconds. Nothing happens if `impacted` is null or has no lines.
+///
+/// changed     implementations of analyses. One without lines raises the null-handle error
+/// components  is appended to: `impacted` once for each line, with a reference
+void BringUpToDate(const KORBaseUnknown_var& impacted, const std::unordered_set<const KORBaseUnknown*>& changed,
+                   VEXSTMTimeAnalysisDlgServices& services, KORListPtrKORIPLMComponent& components);
+
+/// The formula parameters of a line whose owner is the analysis of that identifier, in their order; they stay the
+/// line's.
+KORRawCollPV GetOwnParametersOnLine(const VEXTimeAnalysisLineData& line, const KORUnicodeString& identifier);
+
+}  // namespace objects

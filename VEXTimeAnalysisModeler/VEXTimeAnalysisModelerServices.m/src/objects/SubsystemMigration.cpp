@@ -1,0 +1,60 @@
+// The motion-time system of older analyses: it moves from the older attribute to the present one.
+#include "objects/SubsystemMigration.h"
+
+#include <vector>
+
+#include "platform/base/KORObjectLists.h"
+#include "platform/base/KORStatus.h"
+#include "platform/model/KORPLMComponent.h"
+#include "platform/model/VEXITimeAnalysisProperties.h"
+#include "platform/model/VEXITimeAnalysisRepReference.h"
+#include "platform/services/KORAdpProtectedSaver.h"
+#include "platform/services/VEXSTTAnalysesQueryServices.h"
+
+namespace objects {
+
+namespace {
+
+constexpr const char* OlderAttribute = "Subsystem";
+constexpr const char* PresentAttribute = "V_Subsystem";
+constexpr const char* Modapts = "MODAPTS";
+constexpr const char* SystemToRepair = "GTE";
+
+template <class Attributes>
+KORUnicodeString TextOf(Attributes& attributes, const char* key) {
+  KORUnicodeString text;
+  (void)attributes.GetValue(key, text);
+  return text;
+}
+
+// Changes the analysis if it is one to repair: the status of the last write then, and `status` if it is not.
+long Repair(const VEXITimeAnalysisRepReference_var& analysis, long status) {
+  const VEXITimeAnalysisProperties_var properties(analysis);
+  if (properties.IsNull() || TextOf(*properties, PresentAttribute) != SystemToRepair) return status;
+  (void)properties->SetValue(PresentAttribute, Modapts);
+  return analysis->SetValue(OlderAttribute, KORUnicodeString());
+}
+
+void Save(const std::vector<KORIPLMComponent_var>& components) {
+  KORListPtrKORIPLMComponent list;
+  for (const KORIPLMComponent_var& component : components) list.Append(component.Get());
+  (void)KORAdpProtectedSaver(list, nullptr).Save();
+}
+
+}  // namespace
+
+long MigrateSubsystemToModapts(KOROmbLifeCycleRootsBag& bag) {
+  KORListValKORBaseUnknown_var analyses;
+  long status = VEXSTTAnalysesQueryServices::GetAllTimeAnalysis(analyses, bag);
+  std::vector<KORIPLMComponent_var> older_ones;
+  for (const KORBaseUnknown_var& entry : analyses) {
+    const VEXITimeAnalysisRepReference_var analysis(entry);
+    if (analysis.IsNull() || TextOf(*analysis, OlderAttribute) != Modapts) continue;
+    status = Repair(analysis, status);
+    if (KORIPLMComponent_var component(entry); !component.IsNull()) older_ones.push_back(std::move(component));
+  }
+  Save(older_ones);
+  return status;
+}
+
+}  // namespace objects
