@@ -151,8 +151,9 @@ class VEXTIMEANALYSISMODELER_API VEXSTTProvider : public KORBaseUnknown {
 
   // ------------------------------------------------------------------------------------------- Revision
 
-  /// The status of an analysis and of what its lines reuse; what those reuse in turn does not count.
-  enum TARevStatus {
+  /// The status of an analysis and of what its lines reuse; what those reuse in turn does not count. Any other number
+  /// that was remembered on an analysis comes out as it is.
+  enum TARevStatus : int {
     TARevUnknown = 0,         // not worked out
     TARevLatest = 1,          // the last major revision, and so is all that it reuses
     TARevNotLatest = 2,       // not the last major revision

@@ -11,7 +11,8 @@
 
 /// The trace of one module, made when the module is loaded.
 ///
-/// Safe across threads: a line is written whole, and never inside another line of the same trace.
+/// Safe across threads: a line is written whole, and never inside another line of the same trace. The process knows its
+/// traces by their names.
 class KORPLATFORM_API KORTrace {
  public:
   /// Takes one line, its line feed included. It is called by one thread at a time, and must not use the trace.
@@ -27,6 +28,11 @@ class KORPLATFORM_API KORTrace {
            int size);
   KORTrace(const KORTrace&) = delete;
   KORTrace& operator=(const KORTrace&) = delete;
+  ~KORTrace();
+
+  /// The trace of that name, with no hold on it: it is there from its making to its end. Null if the process has none;
+  /// the one made first if the name should not be unique. It can be called from static initialisers.
+  static KORTrace* Find(const KORUnicodeString& name);
 
   const KORUnicodeString& GetName() const { return _Name; }
   const KORUnicodeString& GetDescription() const { return _Description; }

@@ -11,7 +11,7 @@
 #include "platform/document/KORXMLTree.h"
 #include "platform/document/KORXMLTreeBuilder.h"
 #include "platform/system/KORFileContent.h"
-#include "platform/system/KORSession.h"
+#include "platform/system/KORPerform.h"
 
 const KORUuid CLSID_XML4C_DOM{
     {0x5E, 0x1C, 0x0A, 0x42, 0x8D, 0x37, 0x4F, 0x61, 0x9B, 0x20, 0x6C, 0xE4, 0x13, 0xA8, 0x75, 0x01}};
@@ -30,11 +30,10 @@ long FailWith(long status, std::string_view message) noexcept {
   return status;
 }
 
-// The status that the session wants the operation to fail with, which leaves no message; S_OK if it is to work.
-long InjectedFault(const char* operation) {
-  const long fault = KORSession::Current().GetFault(operation);
-  if (fault != S_OK) KORError::ClearLastError();
-  return fault;
+// Runs an operation in which faults leave no message.
+template <class Work>
+long Perform(const char* operation, const Work& work) {
+  return KORPerform(operation, work, KORError::ClearLastError);
 }
 
 bool AreOptionsKnown(const KORListValKORUnicodeString& names, const KORListValKORUnicodeString& values) {
@@ -69,39 +68,44 @@ KORISAXInputSource::KORISAXInputSource(KORUnicodeString path, KORUnicodeString l
 long KORIXMLSAX2Factory::CreateInputSourceFromFile(const KORUnicodeString& path, const KORUnicodeString& label,
                                                    KORISAXInputSource_var& source) const {
   source = nullptr;
-  if (path.IsEmpty()) return E_INVALIDARG;
-  source = KORISAXInputSource_var::Adopt(new KORISAXInputSource(path, label));
-  return S_OK;
+  return Perform("CreateInputSourceFromFile", [&path, &label, &source] {
+    if (path.IsEmpty()) return E_INVALIDARG;
+    source = KORISAXInputSource_var::Adopt(new KORISAXInputSource(path, label));
+    return S_OK;
+  });
 }
 
 long KORIXMLDOMDocumentBuilder::Parse(const KORISAXInputSource_var& source, KORIDOMDocument_var& document,
                                       const KORListValKORUnicodeString& option_names,
                                       const KORListValKORUnicodeString& option_values) const {
   document = KORIDOMDocument_var();
-  if (const long fault = InjectedFault("Parse"); fault != S_OK) return fault;
-  if (source.IsNull()) return FailWith(E_INVALIDARG, "No input source to parse");
-  if (!AreOptionsKnown(option_names, option_values)) {
-    return FailWith(E_INVALIDARG, "The parser knows the option KORDoValidation with the value false, and no others");
-  }
-  try {
-    return ParseFile(source->GetPath(), document);
-  } catch (const std::bad_alloc&) {
-    return FailWith(E_FAIL, "Out of memory");
-  }
+  return Perform("Parse", [&] {
+    if (source.IsNull()) return FailWith(E_INVALIDARG, "No input source to parse");
+    if (!AreOptionsKnown(option_names, option_values)) {
+      return FailWith(E_INVALIDARG, "The parser knows the option KORDoValidation with the value false, and no others");
+    }
+    try {
+      return ParseFile(source->GetPath(), document);
+    } catch (const std::bad_alloc&) {
+      return FailWith(E_FAIL, "Out of memory");
+    }
+  });
 }
 
 long CreateKORIXMLDOMDocumentBuilder(KORIXMLDOMDocumentBuilder_var& builder, const KORUuid& class_id) {
   builder = nullptr;
-  if (const long fault = InjectedFault("CreateKORIXMLDOMDocumentBuilder"); fault != S_OK) return fault;
-  if (class_id != CLSID_XML4C_DOM) return E_NOINTERFACE;
-  builder = KORIXMLDOMDocumentBuilder_var::Adopt(new KORIXMLDOMDocumentBuilder);
-  return S_OK;
+  return Perform("CreateKORIXMLDOMDocumentBuilder", [&builder, &class_id] {
+    if (class_id != CLSID_XML4C_DOM) return E_NOINTERFACE;
+    builder = KORIXMLDOMDocumentBuilder_var::Adopt(new KORIXMLDOMDocumentBuilder);
+    return S_OK;
+  });
 }
 
 long CreateKORIXMLSAX2Factory(KORIXMLSAX2Factory_var& factory, const KORUuid& class_id) {
   factory = nullptr;
-  if (const long fault = InjectedFault("CreateKORIXMLSAX2Factory"); fault != S_OK) return fault;
-  if (class_id != CLSID_DEFAULT_SAX) return E_NOINTERFACE;
-  factory = KORIXMLSAX2Factory_var::Adopt(new KORIXMLSAX2Factory);
-  return S_OK;
+  return Perform("CreateKORIXMLSAX2Factory", [&factory, &class_id] {
+    if (class_id != CLSID_DEFAULT_SAX) return E_NOINTERFACE;
+    factory = KORIXMLSAX2Factory_var::Adopt(new KORIXMLSAX2Factory);
+    return S_OK;
+  });
 }

@@ -3,6 +3,7 @@
 
 #include "platform/knowledge/KORCkeExpression.h"
 #include "platform/knowledge/KORCkeParm.h"
+#include "platform/system/KORPerform.h"
 
 namespace {
 
@@ -18,7 +19,7 @@ class VolatileFactory : public KORImplements<KORICkeParmFactory, KORICkeExpressi
     return KORICkeParm_var::Adopt(new KORCkeParm(name, value));
   }
   KORICkeParm_var CreateTextParm(const KORUnicodeString& name, const KORUnicodeString& value) override {
-    return CreateString(name, value);
+    return KORGive("CreateTextParm", [this, &name, &value] { return CreateString(name, value); });
   }
   KORICkeParm_var CreateDimension(const KORUnicodeString& name, const KORCkeMagnitude* magnitude,
                                   double value) override {
@@ -33,5 +34,5 @@ class VolatileFactory : public KORImplements<KORICkeParmFactory, KORICkeExpressi
 }  // namespace
 
 KORICkeParmFactory_var KORCkeGlobalFunctions::GetVolatileFactory() {
-  return KORICkeParmFactory_var::Adopt(new VolatileFactory);
+  return KORGive("GetVolatileFactory", [] { return KORICkeParmFactory_var::Adopt(new VolatileFactory); });
 }

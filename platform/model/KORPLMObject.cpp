@@ -6,7 +6,7 @@
 
 #include "platform/base/KORStatus.h"
 #include "platform/model/KORValueText.h"
-#include "platform/system/KORSession.h"
+#include "platform/system/KORPerform.h"
 
 namespace {
 
@@ -15,8 +15,10 @@ class TextValue final : public KORImplements<KORIValue> {
   explicit TextValue(KORUnicodeString text) : _Text(std::move(text)) {}
 
   long GetText(KORUnicodeString& text) override {
-    text = _Text;
-    return S_OK;
+    return KORPerform("KORIValue::GetText", [this, &text] {
+      text = _Text;
+      return S_OK;
+    });
   }
 
  private:
@@ -26,8 +28,12 @@ class TextValue final : public KORImplements<KORIValue> {
 }  // namespace
 
 long KORPLMIdentificator::IsSameAs(KORIAdpPLMIdentificator* other, unsigned char& same) {
-  same = other != nullptr && other->GetImpl(0) == this ? 1 : 0;
-  return other == nullptr ? E_INVALIDARG : S_OK;
+  same = 0;
+  return KORPerform("IsSameAs", [this, other, &same] {
+    if (other == nullptr) return E_INVALIDARG;
+    same = other->GetImpl(0) == this ? 1 : 0;
+    return S_OK;
+  });
 }
 
 KORBaseUnknown_var KORPLMIdentificator::FindObject() const {
@@ -43,19 +49,17 @@ KORPLMObject::~KORPLMObject() {
 }
 
 long KORPLMObject::GetPLMIdentificator(KORIAdpPLMIdentificator*& identificator) {
-  identificator = nullptr;
-  if (const long fault = KORSession::Current().GetFault("GetPLMIdentificator"); fault != S_OK) return fault;
   if (_Identificator.IsNull()) {
     _Identificator = KORHandle<KORPLMIdentificator>::Adopt(new KORPLMIdentificator(*this));
   }
-  identificator = _Identificator.Get();
-  identificator->AddRef();
-  return S_OK;
+  return KORHandOut("GetPLMIdentificator", _Identificator, identificator);
 }
 
 KORIValue* KORPLMObject::GetAttribute(const KORUnicodeString& name) {
-  const std::optional<KORKeyedValues::View> value = _Attributes.Look(name.Bytes());
-  return value ? new TextValue(KORTextOfValue(*value, KORBooleanWords)) : nullptr;
+  return KORGive("GetAttribute", [this, &name]() -> KORIValue* {
+    const std::optional<KORKeyedValues::View> value = _Attributes.Look(name.Bytes());
+    return value ? new TextValue(KORTextOfValue(*value, KORBooleanWords)) : nullptr;
+  });
 }
 
 void KORPLMObject::Reserve(const KORUnicodeString& user) {

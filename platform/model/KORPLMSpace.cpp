@@ -3,7 +3,7 @@
 
 #include "platform/base/KORStatus.h"
 #include "platform/model/KORPLMIdentificator.h"
-#include "platform/system/KORSession.h"
+#include "platform/system/KORPerform.h"
 
 namespace {
 
@@ -12,20 +12,18 @@ class PLMSpace final : public KORImplements<KORIPLMSpace> {
   long ResolveComponent(KORIAdpPLMIdentificator* identificator, const KORUuid& interface_id, void** out) override {
     if (out == nullptr) return E_INVALIDARG;
     *out = nullptr;
-    if (const long fault = KORSession::Current().GetFault("ResolveComponent"); fault != S_OK) return fault;
-    const auto* const of_model =
-        identificator == nullptr ? nullptr : dynamic_cast<KORPLMIdentificator*>(identificator->GetImpl(0));
-    if (of_model == nullptr) return E_INVALIDARG;
-    const KORBaseUnknown_var object = of_model->FindObject();
-    return object.IsNull() ? E_FAIL : object->QueryInterface(interface_id, out);
+    return KORPerform("ResolveComponent", [identificator, &interface_id, out] {
+      const auto* const of_model =
+          identificator == nullptr ? nullptr : dynamic_cast<KORPLMIdentificator*>(identificator->GetImpl(0));
+      if (of_model == nullptr) return E_INVALIDARG;
+      const KORBaseUnknown_var object = of_model->FindObject();
+      return object.IsNull() ? E_FAIL : object->QueryInterface(interface_id, out);
+    });
   }
 };
 
 }  // namespace
 
 long KORPLMSpaceServices::GetResolutionSpace(KORIPLMSpace*& space, int /*category*/, Space /*kind*/) {
-  space = nullptr;
-  if (const long fault = KORSession::Current().GetFault("GetResolutionSpace"); fault != S_OK) return fault;
-  space = new PLMSpace;
-  return S_OK;
+  return KORHandOut("GetResolutionSpace", KORIPLMSpace_var::Adopt(new PLMSpace), space);
 }

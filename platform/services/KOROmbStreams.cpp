@@ -5,10 +5,10 @@
 #include <utility>
 
 #include "platform/base/KORStatus.h"
-#include "platform/model/KORRepReference.h"
+#include "platform/model/KORFindRepReference.h"
 #include "platform/system/KORFileContent.h"
 #include "platform/system/KORFiles.h"
-#include "platform/system/KORSession.h"
+#include "platform/system/KORPerform.h"
 
 namespace {
 
@@ -24,29 +24,26 @@ class StreamDescriptor final : public KORImplements<KORIOmbStreamDescriptor, KOR
   KORStreamBytes _Bytes;
 };
 
-long FaultOf(const char* operation) {
-  return KORSession::Current().GetFault(operation);
-}
-
 long StreamDescriptor::GetStreamFormat(KORUnicodeString& format) {
-  if (const long fault = FaultOf("GetStreamFormat"); fault != S_OK) return fault;
-  format = _Format;
-  return S_OK;
+  return KORPerform("GetStreamFormat", [this, &format] {
+    format = _Format;
+    return S_OK;
+  });
 }
 
 long StreamDescriptor::CopyStreamToFile(const KORUnicodeString& path, int /*flag*/) {
-  if (const long fault = FaultOf("CopyStreamToFile"); fault != S_OK) return fault;
-  int descriptor = 0;
-  if (const long status = KORFOpen(path, "w", descriptor); Failed(status)) return status;
-  const long written = KORFWrite(descriptor, _Bytes->data(), _Bytes->size());
-  const long closed = KORFClose(descriptor);
-  return Failed(written) ? written : closed;
+  return KORPerform("CopyStreamToFile", [this, &path] {
+    int descriptor = 0;
+    if (const long status = KORFOpen(path, "w", descriptor); Failed(status)) return status;
+    const long written = KORFWrite(descriptor, _Bytes->data(), _Bytes->size());
+    const long closed = KORFClose(descriptor);
+    return Failed(written) ? written : closed;
+  });
 }
 
 // The streams of an object; null if it is no representation.
 KORStreamList* StreamsOf(const KORBaseUnknown_var& object) {
-  if (object.IsNull()) return nullptr;
-  auto* const representation = dynamic_cast<KORRepReference*>(object->GetImpl(0));
+  KORRepReference* const representation = KORFindRepReference(object.Get());
   return representation == nullptr ? nullptr : &representation->GetContent().Streams;
 }
 
@@ -63,51 +60,57 @@ long FindStream(const KORStreamList* streams, const KOROmbLoadableDataUniqueKey*
 long KOROmbLoadableDataUniqueKey::Create(KOROmbLoadableDataUniqueKey*& key, KOROmbStreamDescriptorFormat family,
                                          const KORUnicodeString& kind, const KORUnicodeString& name, int /*flag*/) {
   key = nullptr;
-  if (const long fault = FaultOf("KOROmbLoadableDataUniqueKey::Create"); fault != S_OK) return fault;
-  if (family != KOROmbStreamDescriptorFormat_Authoring || kind != "EXTENDED") return E_INVALIDARG;
-  key = new KOROmbLoadableDataUniqueKey(name);
-  return S_OK;
+  return KORPerform("KOROmbLoadableDataUniqueKey::Create", [&key, family, &kind, &name] {
+    if (family != KOROmbStreamDescriptorFormat_Authoring || kind != "EXTENDED") return E_INVALIDARG;
+    key = new KOROmbLoadableDataUniqueKey(name);
+    return S_OK;
+  });
 }
 
 long KOROmbRepRefLoadingServices::AddExtendedSDForRepRef(const KORBaseUnknown_var& object,
                                                          const KORUnicodeString& format, const KORUnicodeString& name,
                                                          const KORVVSUrl& url, int /*flag*/) {
-  if (const long fault = FaultOf("AddExtendedSDForRepRef"); fault != S_OK) return fault;
-  KORStreamList* const streams = StreamsOf(object);
-  if (streams == nullptr) return E_INVALIDARG;
-  std::string content;
-  std::string cause;
-  if (!KORReadFileContent(url.GetNativeFilePath(), KORLongestStream, content, cause)) return E_FAIL;
-  streams->Put({format, name}, std::move(content));
-  return S_OK;
+  return KORPerform("AddExtendedSDForRepRef", [&object, &format, &name, &url] {
+    KORStreamList* const streams = StreamsOf(object);
+    if (streams == nullptr) return E_INVALIDARG;
+    std::string content;
+    std::string cause;
+    if (!KORReadFileContent(url.GetNativeFilePath(), KORLongestStream, content, cause)) return E_FAIL;
+    streams->Put({format, name}, std::move(content));
+    return S_OK;
+  });
 }
 
 long KOROmbRepRefLoadingServices::GetExtendedContent(const KORBaseUnknown_var& object,
                                                      const KOROmbLoadableDataUniqueKey* key,
                                                      KORIOmbNonZENTAStreamDescriptor*& descriptor) {
   descriptor = nullptr;
-  if (const long fault = FaultOf("GetExtendedContent"); fault != S_OK) return fault;
-  const KORStream* stream = nullptr;
-  if (const long status = FindStream(StreamsOf(object), key, stream); Failed(status)) return status;
-  descriptor = new StreamDescriptor(*stream);
-  return S_OK;
+  return KORPerform("GetExtendedContent", [&object, key, &descriptor] {
+    const KORStream* stream = nullptr;
+    if (const long status = FindStream(StreamsOf(object), key, stream); Failed(status)) return status;
+    descriptor = new StreamDescriptor(*stream);
+    return S_OK;
+  });
 }
 
 long KOROmbComponentStreamsManager::DeleteSD(const KOROmbLoadableDataUniqueKey* key) {
-  if (const long fault = FaultOf("DeleteSD"); fault != S_OK) return fault;
-  KORStreamList* const streams = StreamsOf(_Object);
-  const KORStream* stream = nullptr;
-  if (const long status = FindStream(streams, key, stream); Failed(status)) return status;
-  streams->Remove(*stream);
-  return S_OK;
+  return KORPerform("DeleteSD", [this, key] {
+    KORStreamList* const streams = StreamsOf(_Object);
+    const KORStream* stream = nullptr;
+    if (const long status = FindStream(streams, key, stream); Failed(status)) return status;
+    streams->Remove(*stream);
+    return S_OK;
+  });
 }
 
 KORListValKORBaseUnknown_var KOROmbComponentStreamsManager::GetSDFamily(int family) const {
-  KORListValKORBaseUnknown_var descriptors;
-  const KORStreamList* const streams = StreamsOf(_Object);
-  if (family != 0 || streams == nullptr) return descriptors;
-  for (const KORStream& stream : *streams) {
-    descriptors.Append(KORBaseUnknown_var::Adopt(new StreamDescriptor(stream)));
-  }
-  return descriptors;
+  return KORGive("GetSDFamily", [this, family] {
+    KORListValKORBaseUnknown_var descriptors;
+    const KORStreamList* const streams = StreamsOf(_Object);
+    if (family != 0 || streams == nullptr) return descriptors;
+    for (const KORStream& stream : *streams) {
+      descriptors.Append(KORBaseUnknown_var::Adopt(new StreamDescriptor(stream)));
+    }
+    return descriptors;
+  });
 }

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "platform/base/KORStatus.h"
-#include "platform/model/KORRepReference.h"
+#include "platform/model/KORFindRepReference.h"
 #include "platform/system/KORPerform.h"
 
 long KORPLMApplicativeContainerServices::Retrieve(void** out, KORIPLMComponent* component, const KORUuid& interface_id,
@@ -12,7 +12,7 @@ long KORPLMApplicativeContainerServices::Retrieve(void** out, KORIPLMComponent* 
   if (out != nullptr) *out = nullptr;
   return KORPerform("KORPLMApplicativeContainerServices::Retrieve", [&]() -> long {
     if (out == nullptr || component == nullptr || type == nullptr) return E_INVALIDARG;
-    const auto* const representation = dynamic_cast<KORRepReference*>(component->GetImpl(0));
+    const auto* const representation = KORFindRepReference(component);
     if (representation == nullptr) return E_FAIL;
     const KORHandle<KORFeatureContainer>& held = representation->GetContent().Container;
     return held.IsNull() || std::string_view(type) != held->GetType() ? E_FAIL

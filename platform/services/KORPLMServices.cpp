@@ -33,11 +33,7 @@ long OpenService::OpenComponents(const KORListPtrKORIPLMComponent& components,
 }  // namespace
 
 long KORPLMServices::GetOpenServices(KORIPLMOpen*& open) {
-  open = nullptr;
-  return KORPerform("GetOpenServices", [&] {
-    open = new OpenService;
-    return S_OK;
-  });
+  return KORHandOut("GetOpenServices", KORHandle<OpenService>::Adopt(new OpenService), open);
 }
 
 KOROpenedComponents& KOROpenedComponents::Current() {

@@ -9,7 +9,7 @@
 
 #include "platform/base/KORStatus.h"
 #include "platform/system/KORHostPath.h"
-#include "platform/system/KORSession.h"
+#include "platform/system/KORPerform.h"
 
 namespace {
 
@@ -34,12 +34,13 @@ std::string Escaped(std::string_view path) {
 }  // namespace
 
 long KORVVSUrlUtils::FromNativeFilePathToUrl(const KORUnicodeString& path, KORVVSUrl& url) {
-  if (const long fault = KORSession::Current().GetFault("FromNativeFilePathToUrl"); fault != S_OK) return fault;
-  if (path.IsEmpty()) return E_INVALIDARG;
-  std::error_code failure;
-  std::string absolute = std::filesystem::absolute(KORHostPath(path.Bytes()), failure).string();
-  if (failure) return E_FAIL;
-  url._Text = KORUnicodeString(std::string_view("file://" + Escaped(absolute)));
-  url._Path = std::move(absolute);
-  return S_OK;
+  return KORPerform("FromNativeFilePathToUrl", [&path, &url] {
+    if (path.IsEmpty()) return E_INVALIDARG;
+    std::error_code failure;
+    std::string absolute = std::filesystem::absolute(KORHostPath(path.Bytes()), failure).string();
+    if (failure) return E_FAIL;
+    url._Text = KORUnicodeString(std::string_view("file://" + Escaped(absolute)));
+    url._Path = std::move(absolute);
+    return S_OK;
+  });
 }

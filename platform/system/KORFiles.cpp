@@ -13,6 +13,7 @@
 #include "platform/system/KORHostFile.h"
 #include "platform/system/KORHostPath.h"
 #include "platform/system/KORPendingFile.h"
+#include "platform/system/KORPerform.h"
 #include "platform/system/KORSession.h"
 
 namespace {
@@ -55,10 +56,6 @@ class OpenFiles {
   std::map<int, OpenFile> _Files;
 };
 
-long FaultOf(const char* operation) {
-  return KORSession::Current().GetFault(operation);
-}
-
 bool OpenForReading(const std::string& path, OpenFile& file) {
   std::size_t length = 0;
   return KOROpenRegularFile(path, file.Read, length).empty();
@@ -72,62 +69,66 @@ bool OpenForWriting(const std::string& path, OpenFile& file) {
 }  // namespace
 
 long KORFOpen(const KORUnicodeString& path, const char* mode, int& descriptor) {
-  if (const long fault = FaultOf("KORFOpen"); fault != S_OK) return fault;
-  const std::string host_path = KORHostPath(path.Bytes());
-  if (host_path.empty() || host_path.find('\0') != std::string::npos || mode == nullptr) return E_INVALIDARG;
-  const bool writes = mode == std::string_view("w");
-  if (!writes && mode != std::string_view("r")) return E_INVALIDARG;
-  OpenFile file;
-  const bool opened = writes ? OpenForWriting(host_path, file) : OpenForReading(host_path, file);
-  if (!opened) return E_FAIL;
-  descriptor = OpenFiles::Current().Add(std::move(file));
-  return S_OK;
+  return KORPerform("KORFOpen", [&path, mode, &descriptor] {
+    const std::string host_path = KORHostPath(path.Bytes());
+    if (host_path.empty() || host_path.find('\0') != std::string::npos || mode == nullptr) return E_INVALIDARG;
+    const bool writes = mode == std::string_view("w");
+    if (!writes && mode != std::string_view("r")) return E_INVALIDARG;
+    OpenFile file;
+    const bool opened = writes ? OpenForWriting(host_path, file) : OpenForReading(host_path, file);
+    if (!opened) return E_FAIL;
+    descriptor = OpenFiles::Current().Add(std::move(file));
+    return S_OK;
+  });
 }
 
 long KORFSize(int descriptor, std::size_t& size) {
-  if (const long fault = FaultOf("KORFSize"); fault != S_OK) return fault;
-  const OpenFile* const file = OpenFiles::Current().Find(descriptor);
-  if (file == nullptr) return E_INVALIDARG;
-  struct stat description {};
-  if (!file->GetContent().Describe(description)) return E_FAIL;
-  size = static_cast<std::size_t>(description.st_size);
-  return S_OK;
+  return KORPerform("KORFSize", [descriptor, &size] {
+    const OpenFile* const file = OpenFiles::Current().Find(descriptor);
+    if (file == nullptr) return E_INVALIDARG;
+    struct stat description {};
+    if (!file->GetContent().Describe(description)) return E_FAIL;
+    size = static_cast<std::size_t>(description.st_size);
+    return S_OK;
+  });
 }
 
 long KORFRead(int descriptor, void* bytes, std::size_t count, std::size_t& read) {
   read = 0;
-  if (const long fault = FaultOf("KORFRead"); fault != S_OK) return fault;
-  const OpenFile* const file = OpenFiles::Current().Find(descriptor);
-  if (file == nullptr || file->Written != nullptr || (bytes == nullptr && count > 0)) return E_INVALIDARG;
-  const ssize_t done = file->Read.Read(static_cast<char*>(bytes), count);
-  if (done < 0) return E_FAIL;
-  read = static_cast<std::size_t>(done);
-  return S_OK;
+  return KORPerform("KORFRead", [descriptor, bytes, count, &read] {
+    const OpenFile* const file = OpenFiles::Current().Find(descriptor);
+    if (file == nullptr || file->Written != nullptr || (bytes == nullptr && count > 0)) return E_INVALIDARG;
+    const ssize_t done = file->Read.Read(static_cast<char*>(bytes), count);
+    if (done < 0) return E_FAIL;
+    read = static_cast<std::size_t>(done);
+    return S_OK;
+  });
 }
 
 long KORFWrite(int descriptor, const void* bytes, std::size_t count) {
   const OpenFile* const file = OpenFiles::Current().Find(descriptor);
   KORPendingFile* const written = file == nullptr ? nullptr : file->Written.get();
-  if (const long fault = FaultOf("KORFWrite"); fault != S_OK) {
+  const auto write = [written, bytes, count] {
+    if (written == nullptr || (bytes == nullptr && count > 0)) return E_INVALIDARG;
+    return written->Write(static_cast<const char*>(bytes), count) ? S_OK : E_FAIL;
+  };
+  return KORPerform("KORFWrite", write, [written] {
     if (written != nullptr) written->GiveUp();
-    return fault;
-  }
-  if (written == nullptr || (bytes == nullptr && count > 0)) return E_INVALIDARG;
-  return written->Write(static_cast<const char*>(bytes), count) ? S_OK : E_FAIL;
+  });
 }
 
 long KORFClose(int descriptor) {
   OpenFiles& files = OpenFiles::Current();
-  const OpenFile* const file = files.Find(descriptor);
-  const long fault = FaultOf("KORFClose");
-  if (file == nullptr) return fault != S_OK ? fault : E_INVALIDARG;
-  const bool kept = fault == S_OK && (file->Written == nullptr || file->Written->Keep());
-  files.Remove(descriptor);
-  if (fault != S_OK) return fault;
-  return kept ? S_OK : E_FAIL;
+  const auto close = [&files, descriptor] {
+    const OpenFile* const file = files.Find(descriptor);
+    if (file == nullptr) return E_INVALIDARG;
+    const bool kept = file->Written == nullptr || file->Written->Keep();
+    files.Remove(descriptor);
+    return kept ? S_OK : E_FAIL;
+  };
+  return KORPerform("KORFClose", close, [&files, descriptor] { files.Remove(descriptor); });
 }
 
 long _KORFileAccess(const KORUnicodeString& path, int /*access*/, int /*reserved*/) {
-  if (const long fault = FaultOf("_KORFileAccess"); fault != S_OK) return fault;
-  return KORHostPathExists(KORHostPath(path.Bytes())) ? S_OK : E_FAIL;
+  return KORPerform("_KORFileAccess", [&path] { return KORHostPathExists(KORHostPath(path.Bytes())) ? S_OK : E_FAIL; });
 }

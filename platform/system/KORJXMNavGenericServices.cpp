@@ -2,12 +2,14 @@
 #include "platform/system/KORJXMNavGenericServices.h"
 
 #include "platform/base/KORStatus.h"
+#include "platform/system/KORPerform.h"
 #include "platform/system/KORSession.h"
 
 long KORJXMNavGenericServices::GetCurrentUserId(KORUnicodeString& user) {
-  const KORSession& session = KORSession::Current();
-  if (const long fault = session.GetFault("GetCurrentUserId"); fault != S_OK) return fault;
-  if (session.GetCurrentUserId().IsEmpty()) return E_FAIL;
-  user = session.GetCurrentUserId();
-  return S_OK;
+  return KORPerform("GetCurrentUserId", [&user] {
+    const KORUnicodeString& current = KORSession::Current().GetCurrentUserId();
+    if (current.IsEmpty()) return E_FAIL;
+    user = current;
+    return S_OK;
+  });
 }

@@ -11,7 +11,7 @@
 
 #include "platform/base/KORStatus.h"
 #include "platform/system/KORHostPath.h"
-#include "platform/system/KORSession.h"
+#include "platform/system/KORPerform.h"
 #include "platform/system/KORSystem.h"
 
 namespace {
@@ -74,23 +74,24 @@ char* CopyOf(const std::string& text) {
 
 long KORMakePath(const KORUnicodeString& folder, const KORUnicodeString& file, char*& path) {
   path = nullptr;
-  if (const long fault = KORSession::Current().GetFault("KORMakePath"); fault != S_OK) return fault;
-  const std::string_view folder_bytes = folder.Bytes();
-  if (folder_bytes.empty() || folder_bytes.find('\0') != std::string_view::npos) return E_INVALIDARG;
-  if (!StaysInItsFolder(file.Bytes())) return E_INVALIDARG;
-  if (PassesThroughLink(folder_bytes, file.Bytes())) return E_INVALIDARG;
-  const std::string joined = KORJoinPath(folder_bytes, file.Bytes());
-  if (joined.size() <= LongestPath) path = CopyOf(joined);
-  return path == nullptr ? E_INVALIDARG : S_OK;
+  return KORPerform("KORMakePath", [&folder, &file, &path] {
+    const std::string_view folder_bytes = folder.Bytes();
+    if (folder_bytes.empty() || folder_bytes.find('\0') != std::string_view::npos) return E_INVALIDARG;
+    if (!StaysInItsFolder(file.Bytes())) return E_INVALIDARG;
+    if (PassesThroughLink(folder_bytes, file.Bytes())) return E_INVALIDARG;
+    const std::string joined = KORJoinPath(folder_bytes, file.Bytes());
+    if (joined.size() <= LongestPath) path = CopyOf(joined);
+    return path == nullptr ? E_INVALIDARG : S_OK;
+  });
 }
 
 long KORSplitPathEx(const KORUnicodeString& path, KORUnicodeString& folder, KORUnicodeString& file) {
-  const long fault = KORSession::Current().GetFault("KORSplitPathEx");
-  if (fault != S_OK || path.IsEmpty()) {
-    folder = KORUnicodeString();
-    file = KORUnicodeString();
-    return fault != S_OK ? fault : E_INVALIDARG;
-  }
-  KORCutPath(path.Bytes(), folder, file);
-  return S_OK;
+  const KORUnicodeString whole = path;  // which may be one of the texts to fill
+  folder = KORUnicodeString();
+  file = KORUnicodeString();
+  return KORPerform("KORSplitPathEx", [&whole, &folder, &file] {
+    if (whole.IsEmpty()) return E_INVALIDARG;
+    KORCutPath(whole.Bytes(), folder, file);
+    return S_OK;
+  });
 }

@@ -3,8 +3,6 @@
 
 #include <cstdlib>
 
-#include "platform/base/KORStatus.h"
-
 namespace {
 
 // The platform's code for the family of systems that this library is built for: "/" between folders.
@@ -81,10 +79,4 @@ std::optional<KORFault> KORSession::TakeFault(const char* operation) {
   const KORFault fault = found->second;
   if (fault.Holds == KORFault::Life::Once) _Faults.erase(found);
   return fault;
-}
-
-long KORSession::GetFault(const char* operation) const {
-  if (_Faults.empty()) return S_OK;
-  const auto found = _Faults.find(std::string_view(operation));
-  return found == _Faults.end() ? S_OK : found->second.Status;
 }

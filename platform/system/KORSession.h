@@ -84,9 +84,9 @@ class KORPLATFORM_API KORSession {
   int GetOperatingSystem() const { return _OperatingSystem; }
   void SetOperatingSystem(int code) { _OperatingSystem = code; }
 
-  /// Makes calls of an operation of the platform in this session fail, for tests of what callers do then. The
-  /// operations of platform/system, platform/model and platform/services can fail so, and those of platform/document
-  /// that read.
+  /// Makes calls of an operation of the platform in this session fail, for tests of what callers do then. What gives a
+  /// status, an object or a text in platform/system, platform/model and platform/services can fail so, the lines and
+  /// values of a time analysis apart; and so can the making of XML parsers and of volatile parameters.
   ///
   /// operation  its name, as "GetRepReference"; with its class where the name alone would say little, as
   ///            "KORPLMApplicativeContainerServices::Retrieve"
@@ -100,7 +100,6 @@ class KORPLATFORM_API KORSession {
   /// The fault with which this call of the operation is to fail; nothing if it is to do its work. For the operations
   /// (KORPerform); one that holds once is gone then.
   std::optional<KORFault> TakeFault(const char* operation);
-  long GetFault(const char* operation) const;
 
  private:
   using OwnedPart = std::unique_ptr<void, void (*)(void*)>;

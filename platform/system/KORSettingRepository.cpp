@@ -7,6 +7,7 @@
 #include "platform/base/KORNumberText.h"
 #include "platform/base/KORStatus.h"
 #include "platform/system/KORFileContent.h"
+#include "platform/system/KORPerform.h"
 #include "platform/system/KORSession.h"
 
 namespace {
@@ -29,23 +30,27 @@ std::string_view TakeLine(std::string_view& rest) {
 }  // namespace
 
 KORSettingRepository* KORSettingRepository::GetRepository(const KORUnicodeString& name, int /*access*/, int /*scope*/) {
-  return KORSession::Current().FindRepository(name);
+  return KORGive("GetRepository", [&name] { return KORSession::Current().FindRepository(name); });
 }
 
 long KORSettingRepository::ReadSetting(const KORUnicodeString& name, KORUnicodeString& value) const {
-  const auto found = _Settings.find(name);
-  if (found == _Settings.end()) return E_FAIL;
-  value = found->second;
-  return S_OK;
+  return KORPerform("ReadSetting", [this, &name, &value] {
+    const auto found = _Settings.find(name);
+    if (found == _Settings.end()) return E_FAIL;
+    value = found->second;
+    return S_OK;
+  });
 }
 
 long KORSettingRepository::ReadSetting(const KORUnicodeString& name, double& value) const {
-  const auto found = _Settings.find(name);
-  if (found == _Settings.end()) return E_FAIL;
-  const std::optional<double> number = kornumber::ReadWholeReal(found->second.Bytes());
-  if (!number) return E_FAIL;
-  value = *number;
-  return S_OK;
+  return KORPerform("ReadSetting", [this, &name, &value] {
+    const auto found = _Settings.find(name);
+    if (found == _Settings.end()) return E_FAIL;
+    const std::optional<double> number = kornumber::ReadWholeReal(found->second.Bytes());
+    if (!number) return E_FAIL;
+    value = *number;
+    return S_OK;
+  });
 }
 
 void KORSettingRepository::WriteSetting(const KORUnicodeString& name, const KORUnicodeString& value) {

@@ -11,10 +11,13 @@
 #include "platform/base/KORLocale.h"
 #include "platform/base/KORStatus.h"
 #include "platform/system/KORHostPath.h"
+#include "platform/system/KORPerform.h"
 #include "platform/system/KORSession.h"
 
 KORUnicodeString KORGetEnv(const KORUnicodeString& name) {
-  return KORSession::Current().GetEnvironment(std::string(name.Bytes())).value_or(KORUnicodeString());
+  return KORGive("KORGetEnv", [&name] {
+    return KORSession::Current().GetEnvironment(std::string(name.Bytes())).value_or(KORUnicodeString());
+  });
 }
 
 int KORGetOperatingSystem(int /*reserved*/) {
@@ -27,11 +30,12 @@ bool KORSeparatesWithSlash() {
 }
 
 long KORSysGetLocalDecimalChar(KORUnicodeString& character) {
-  if (const long fault = KORSession::Current().GetFault("KORSysGetLocalDecimalChar"); fault != S_OK) return fault;
-  const wchar_t decimal = KORLocalDecimalCharacter();
-  if (decimal == L'\0') return E_FAIL;
-  character = KORUnicodeString(std::wstring_view(&decimal, 1));
-  return S_OK;
+  return KORPerform("KORSysGetLocalDecimalChar", [&character] {
+    const wchar_t decimal = KORLocalDecimalCharacter();
+    if (decimal == L'\0') return E_FAIL;
+    character = KORUnicodeString(std::wstring_view(&decimal, 1));
+    return S_OK;
+  });
 }
 
 KORUnicodeString KORFindPath(const KORUnicodeString& name, const KORUnicodeString& folders) {
@@ -54,30 +58,34 @@ KORUnicodeString KORFindPath(const KORUnicodeString& name, const KORUnicodeStrin
 }
 
 long KORSplitPath(const KORUnicodeString& path, KORUnicodeString& folder, KORUnicodeString& last) {
-  if (const long fault = KORSession::Current().GetFault("KORSplitPath"); fault != S_OK) return fault;
-  if (path.IsEmpty()) return E_INVALIDARG;
-  KORCutPath(KORWithoutSeparatorsAtEnd(path.Bytes()), folder, last);
-  return S_OK;
+  return KORPerform("KORSplitPath", [&path, &folder, &last] {
+    if (path.IsEmpty()) return E_INVALIDARG;
+    KORCutPath(KORWithoutSeparatorsAtEnd(path.Bytes()), folder, last);
+    return S_OK;
+  });
 }
 
 long KORListDirectory(const KORUnicodeString& folder, KORListValKORUnicodeString& names) {
   names.RemoveAll();
-  if (const long fault = KORSession::Current().GetFault("KORListDirectory"); fault != S_OK) return fault;
-  const std::string host_folder = KORHostPath(folder.Bytes());
-  if (host_folder.find('\0') != std::string::npos) return E_FAIL;
+  return KORPerform("KORListDirectory", [&folder, &names] {
+    const std::string host_folder = KORHostPath(folder.Bytes());
+    if (host_folder.find('\0') != std::string::npos) return E_FAIL;
 
-  std::error_code fault;
-  std::vector<std::string> found;
-  std::filesystem::directory_iterator entry(host_folder, fault);
-  for (; !fault && entry != std::filesystem::directory_iterator(); entry.increment(fault)) {
-    found.push_back(entry->path().filename().string());
-  }
-  if (fault) return E_FAIL;
-  std::sort(found.begin(), found.end());
-  for (const std::string& name : found) names.Append(KORUnicodeString(std::string_view(name)));
-  return S_OK;
+    std::error_code failure;
+    std::vector<std::string> found;
+    std::filesystem::directory_iterator entry(host_folder, failure);
+    for (; !failure && entry != std::filesystem::directory_iterator(); entry.increment(failure)) {
+      found.push_back(entry->path().filename().string());
+    }
+    if (failure) return E_FAIL;
+    std::sort(found.begin(), found.end());
+    for (const std::string& name : found) names.Append(KORUnicodeString(std::string_view(name)));
+    return S_OK;
+  });
 }
 
 int VEXSTMMiscUtils::IsEnvVariableSet(const KORUnicodeString& name, int /*reserved*/) {
-  return KORSession::Current().GetEnvironment(std::string(name.Bytes())).has_value() ? 1 : 0;
+  return KORGive("IsEnvVariableSet", [&name] {
+    return KORSession::Current().GetEnvironment(std::string(name.Bytes())).has_value() ? 1 : 0;
+  });
 }

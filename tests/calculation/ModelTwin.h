@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -18,8 +19,12 @@ namespace calculationtest {
 /// The real analyses of a model, in its order. Analyses that lack interfaces are shells. The model lives longer.
 class ModelTwin {
  public:
-  explicit ModelTwin(support::RandomModel& model) {
-    for (const auto& plain : model.analyses) Make(*plain);
+  /// Makes a real analysis without lines under an identifier.
+  using Maker = std::function<support::TimeAnalysis_var(const std::string& identifier)>;
+
+  explicit ModelTwin(support::RandomModel& model) : ModelTwin(model, &ModelTwin::MakeOfNoModel) {}
+  ModelTwin(support::RandomModel& model, const Maker& maker) {
+    for (const auto& plain : model.analyses) Make(*plain, maker);
     for (std::size_t index = 0; index < _Plain.size(); ++index) Fill(index);
   }
   ModelTwin(const ModelTwin&) = delete;
@@ -78,11 +83,15 @@ class ModelTwin {
   }
 
  private:
-  void Make(oracle::Analysis& plain) {
+  static support::TimeAnalysis_var MakeOfNoModel(const std::string& identifier) {
+    return support::MakeAnalysis(identifier);
+  }
+
+  void Make(oracle::Analysis& plain, const Maker& maker) {
     // A record takes nothing but a list under this key.
     for (oracle::Line& line : plain.lines) line.values.erase("FormulaParameter");
     _Plain.push_back(&plain);
-    _Inside.push_back(support::MakeAnalysis(plain.identifier));
+    _Inside.push_back(maker(plain.identifier));
     for (const auto& [key, value] : plain.attributes) Set(*_Inside.back(), key, value);
     if (plain.offers_lines && plain.offers_properties && plain.offers_rep_reference) {
       _Outside.emplace_back(_Inside.back());

@@ -102,6 +102,7 @@ BuiltAnalysis AnalysisBuilder::Build(const AnalysisFile& file, const std::string
     if (state == RowState::Flawed) ++built.FlawedRows;
     if (state == RowState::Counted && row_builder.TakesReusedTimeAsItIs()) to_compare.push_back(row);
     code_problems.push_back(row_builder.GetCodeProblem());
+    if (row_builder.GetOutOfDate()) built.OutOfDate.push_back(*row_builder.GetOutOfDate());
   }
   _Services.CalculateAnalyzedTimeBG(KORBaseUnknown_var(built.Analysis));
   for (const int row : to_compare) CompareWithReused(file, row, *reused[static_cast<std::size_t>(row) - 1], built);

@@ -27,6 +27,7 @@ struct BuiltAnalysis {
   bool IsComplete = true;    // no row is flawed, and the file was read to its end
   bool HasFormulas = false;  // its own or carried up
   std::vector<PlacedFailure> Problems;
+  std::vector<PlacedFailure> OutOfDate;  // recorded times of rows that are not those of what they reuse
 };
 
 /// What a row reuses; null where it reuses nothing, or nothing that is there.

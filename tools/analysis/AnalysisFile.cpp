@@ -125,7 +125,7 @@ void AnalysisFile::TakeHeader(std::size_t line, const std::vector<std::string>& 
 }
 
 void AnalysisFile::CheckColumns(std::size_t line) {
-  const auto has = [this](Column column) { return _Places[static_cast<std::size_t>(column)] != 0; };
+  const auto has = [this](Column column) { return PlaceOf(column) != 0; };
   if (std::none_of(TimeGivingColumns.begin(), TimeGivingColumns.end(), has)) {
     _Problems.push_back(NoTimeGivingColumn({_Path, line}));
     _IsWhole = false;
@@ -150,7 +150,7 @@ void AnalysisFile::TakeRow(std::size_t line, std::vector<std::string>&& cells) {
 }
 
 std::string_view AnalysisFile::Cell(const AnalysisRow& row, Column column) const {
-  const std::size_t place = _Places[static_cast<std::size_t>(column)];
+  const std::size_t place = PlaceOf(column);
   return place == 0 || place > row.Cells.size() ? std::string_view() : Trimmed(row.Cells[place - 1]);
 }
 

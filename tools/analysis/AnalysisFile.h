@@ -38,10 +38,11 @@ enum class Column : std::size_t {
   Values,
   ValueAdded,
   AdditionalDescription,
-  Picture
+  Picture,
+  Recorded  // of a reused analysis, the time in seconds that was taken over from it
 };
 
-inline constexpr std::array<std::string_view, 14> ColumnNames{"code",
+inline constexpr std::array<std::string_view, 15> ColumnNames{"code",
                                                               "frequency",
                                                               "time type",
                                                               "description",
@@ -54,7 +55,8 @@ inline constexpr std::array<std::string_view, 14> ColumnNames{"code",
                                                               "values",
                                                               "value added",
                                                               "additional description",
-                                                              "picture"};
+                                                              "picture",
+                                                              "recorded"};
 
 struct AnalysisRow {
   std::size_t Line = 0;            // of the file, from 1
@@ -83,6 +85,9 @@ class AnalysisFile {
   const std::vector<AnalysisRow>& GetRows() const { return _Rows; }
   /// The text in a column of a row, without blanks around it; empty if the file has no such column.
   std::string_view Cell(const AnalysisRow& row, Column column) const;
+
+  /// Place of a column among the cells of a row, from 1; 0 if the file has no such column.
+  std::size_t PlaceOf(Column column) const { return _Places[static_cast<std::size_t>(column)]; }
 
   /// False if it has no header row that can be used, and if its end was not read.
   bool IsWhole() const { return _IsWhole; }

@@ -202,6 +202,20 @@ PlacedFailure TimeBesideReuse(const FilePlace& place) {
   return Finding(place, "a time beside a reused analysis, whose time counts; leave one empty");
 }
 
+PlacedFailure RecordedWithoutReuse(const FilePlace& place) {
+  return Finding(place,
+                 "a recorded time on a row that reuses no analysis; name the analysis, or enter the time in the column "
+                 "\"time\" or \"seconds\"");
+}
+
+PlacedFailure RecordedOutOfDate(const FilePlace& place, std::string_view name, std::string_view recorded,
+                                const std::string& present) {
+  return Finding(place, "the recorded time " + Quoted(recorded) + " of the reused analysis " + Quoted(name) +
+                            " is out of date, it takes " + present +
+                            " s now; \"timeanalysis impact FOLDER --template ID\" tells what a change of it touches, "
+                            "and takes it over with --apply");
+}
+
 PlacedFailure TimeNotFinite(const FilePlace& place) {
   return Finding(place, "time by frequency is no finite number; correct one of them");
 }

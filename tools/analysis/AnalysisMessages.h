@@ -66,6 +66,9 @@ PlacedFailure NoSystem(const FilePlace& place, std::string_view code);
 PlacedFailure RowWithoutTime(const FilePlace& place);
 PlacedFailure CodeBesideReuse(const FilePlace& place, std::string_view code);
 PlacedFailure TimeBesideReuse(const FilePlace& place);
+PlacedFailure RecordedWithoutReuse(const FilePlace& place);
+PlacedFailure RecordedOutOfDate(const FilePlace& place, std::string_view name, std::string_view recorded,
+                                const std::string& present);
 PlacedFailure TimeNotFinite(const FilePlace& place);
 
 // Reuse.

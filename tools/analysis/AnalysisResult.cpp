@@ -92,10 +92,16 @@ AnalysisResult ReadResult(const AnalysisFolder::Member& member, const BuiltAnaly
     result.Lines.push_back(ReadLine(line, built.Rows[index], services));
     result.Lines.back().FileLine = member.File.GetRows()[index].Line;
   }
-  for (std::size_t index = 0; index < TotalKeys.size(); ++index) {
-    built.Analysis->GetValue(TotalKeys[index], result.TotalsTmu[index]);
-  }
+  result.TotalsTmu = ReadTotals(built);
   return result;
+}
+
+TotalsOfAnalysis ReadTotals(const BuiltAnalysis& built) {
+  TotalsOfAnalysis totals{};
+  for (std::size_t index = 0; index < TotalKeys.size(); ++index) {
+    built.Analysis->GetValue(TotalKeys[index], totals[index]);
+  }
+  return totals;
 }
 
 ResultUnit::ResultUnit(const VEXSTMTimeAnalysisDlgServices& services, std::string_view name) : _Services(services) {

@@ -32,6 +32,8 @@ struct ResultLine {
 inline constexpr std::array<std::string_view, 5> TotalNames{"human", "machine", "waiting", "setup", "total"};
 inline constexpr std::array<std::string_view, 5> TotalTimeTypes{"TTB", "TTU", "TW", "TRG", ""};
 
+using TotalsOfAnalysis = std::array<double, TotalNames.size()>;
+
 struct AnalysisResult {
   std::string Path;
   std::string Identifier;
@@ -40,7 +42,7 @@ struct AnalysisResult {
   std::string Description;
   std::string System;
   std::vector<ResultLine> Lines;
-  std::array<double, TotalNames.size()> TotalsTmu{};
+  TotalsOfAnalysis TotalsTmu{};
   std::size_t FlawedRows = 0;
   bool IsComplete = true;
 };
@@ -48,6 +50,9 @@ struct AnalysisResult {
 /// Reads the computed analysis back.
 AnalysisResult ReadResult(const AnalysisFolder::Member& member, const BuiltAnalysis& built,
                           const VEXSTMTimeAnalysisDlgServices& services);
+
+/// The totals of a computed analysis, in TMU.
+TotalsOfAnalysis ReadTotals(const BuiltAnalysis& built);
 
 /// A unit in which calc writes times.
 class ResultUnit {

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "tools/CodeLookup.h"
+#include "tools/NumberText.h"
 #include "tools/Systems.h"
 #include "tools/analysis/AnalysisNumber.h"
 
@@ -21,7 +22,8 @@ constexpr std::string_view NoCode = " ";
 
 // Columns that a row with nothing but a text leaves empty.
 constexpr std::array TimeColumns{Column::Code,   Column::Frequency, Column::TimeType,  Column::Time, Column::Seconds,
-                                 Column::System, Column::Reuse,     Column::Signature, Column::Body, Column::Values};
+                                 Column::System, Column::Reuse,     Column::Signature, Column::Body, Column::Values,
+                                 Column::Recorded};
 
 struct TimeTypeName {
   std::string_view Written;  // in capital letters
@@ -60,6 +62,14 @@ std::string_view TimeKeyOf(std::string_view time_type) {
   return name == nullptr ? std::string_view() : name->Key;
 }
 
+double TimeTakenOver(const BuiltAnalysis& reused, const VEXSTMTimeAnalysisDlgServices& services) {
+  double total = 0.0;
+  double setup = 0.0;
+  reused.Analysis->GetValue("TotalCalculated", total);
+  reused.Analysis->GetValue("TRGCalculated", setup);
+  return TimeInUnit(services, total + setup, DisplayUnit::Seconds);
+}
+
 AnalysisRowBuilder::AnalysisRowBuilder(const RowSurroundings& surroundings, int row_number,
                                        std::vector<PlacedFailure>& problems)
     : _Surroundings(surroundings),
@@ -96,14 +106,23 @@ void AnalysisRowBuilder::TakeReused(const BuiltAnalysis* reused) {
   if (_Code != OutsideTotals) _Code = PropertyOf(reused->Analysis, "PLM_ExternalID");
   if (_Description.empty()) _Description = PropertyOf(reused->Analysis, "V_Name");
   _Reused = reused->Analysis;
-  double total = 0.0;
-  double setup = 0.0;
-  reused->Analysis->GetValue("TotalCalculated", total);
-  reused->Analysis->GetValue("TRGCalculated", setup);
-  _Seconds = TimeInUnit(_Surroundings.Services, total + setup, DisplayUnit::Seconds);
+  _Seconds = TimeTakenOver(*reused, _Surroundings.Services);
+  TakeRecorded(reused->IsComplete);
   if (reused->IsComplete) return;
   _Problems.push_back(ReusedAnalysisIncomplete(_Place, Cell(Column::Reuse)));
   _IsTooShort = true;
+}
+
+// A recorded time counts until another one is taken over. is_comparable: the present time is one to rely on.
+void AnalysisRowBuilder::TakeRecorded(bool is_comparable) {
+  const std::string_view cell = Cell(Column::Recorded);
+  if (cell.empty()) return;
+  const auto number = ReadFiniteNumber(cell);
+  if (!number || *number < 0.0) return Flaw(TimeNoNumber(_Place, "recorded", cell));
+  if (is_comparable && *number != *_Seconds) {
+    _OutOfDate = RecordedOutOfDate(_Place, Cell(Column::Reuse), cell, PlainNumberText(*_Seconds));
+  }
+  _Seconds = *number;
 }
 
 void AnalysisRowBuilder::TakeEnteredTime() {
@@ -175,11 +194,7 @@ void AnalysisRowBuilder::WriteTimes(VEXTimeAnalysisLineData& line) {
     line.SetValue("TotalTime", *_Seconds * *_Frequency);
   }
   if (_Formula.Parameters.empty()) return;
-  KORRawCollPV parameters;
-  for (const VEXTimeAnalysisFormulaParameter& parameter : _Formula.Parameters) {
-    parameters.Append(new VEXTimeAnalysisFormulaParameter(parameter));
-  }
-  line.SetValue(KORFormulaParameterKey, parameters);
+  SetFormulaParameters(_Formula.Parameters, line);
 }
 
 RowState AnalysisRowBuilder::Build(const BuiltAnalysis* reused, std::vector<VEXTimeAnalysisFormulaParameter> carried,
@@ -194,6 +209,7 @@ RowState AnalysisRowBuilder::Build(const BuiltAnalysis* reused, std::vector<VEXT
   }
   const bool outside = _Code == OutsideTotals;
   _Flawed = _Row.HasSurplus;  // which was told where the file was read
+  if (Cell(Column::Reuse).empty() && !Cell(Column::Recorded).empty()) Flaw(RecordedWithoutReuse(_Place));
   ReadFrequency();
   ReadFormula(std::move(carried));
   if (!Cell(Column::Reuse).empty()) {

@@ -36,12 +36,16 @@ class AnalysisRowBuilder {
   /// What is wrong with the code of a row whose formula may give a time instead; nothing if nothing is.
   const std::optional<PlacedFailure>& GetCodeProblem() const { return _CodeProblem; }
 
+  /// Told if the recorded time of the row is not the present one of the analysis that it reuses.
+  const std::optional<PlacedFailure>& GetOutOfDate() const { return _OutOfDate; }
+
  private:
   std::string_view Cell(Column column) const { return _Surroundings.File.Cell(_Row, column); }
   bool IsText() const;
   void Flaw(const PlacedFailure& failure);
   void ReadFrequency();
   void TakeReused(const BuiltAnalysis* reused);
+  void TakeRecorded(bool is_comparable);
   void TakeEnteredTime();
   void TakeCode();
   void ReadTimeType();
@@ -66,6 +70,10 @@ class AnalysisRowBuilder {
   RowFormula _Formula;
   bool _TakesReusedTimeAsItIs = false;
   std::optional<PlacedFailure> _CodeProblem;
+  std::optional<PlacedFailure> _OutOfDate;
 };
+
+/// The time that a row takes over from a reused analysis: its total with its setup time counted on top, in seconds.
+double TimeTakenOver(const BuiltAnalysis& reused, const VEXSTMTimeAnalysisDlgServices& services);
 
 }  // namespace tool

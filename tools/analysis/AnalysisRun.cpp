@@ -17,7 +17,12 @@ namespace files = std::filesystem;
 
 AnalysisRun::AnalysisRun(const CommandLine& line, const Catalogue& catalogue, VEXSTMTimeAnalysisDlgServices& services,
                          Answers& answers)
-    : _Model(line.Model), _Answers(answers), _Codes(catalogue, answers), _Builder(_Codes, services, line.System) {
+    : _Model(line.Model),
+      _System(line.System),
+      _Services(services),
+      _Answers(answers),
+      _Codes(catalogue, answers),
+      _Builder(_Codes, services, line.System) {
   std::error_code error;
   if (!_Model.empty() && !files::is_directory(_Model, error)) throw NoSuchFileOrFolder(_Model);
   for (const std::string& path : line.Texts) AddPath(path);
@@ -44,11 +49,19 @@ AnalysisFolder& AnalysisRun::FolderOf(const std::string& path) {
   return *_Folders.emplace_back(std::make_unique<AnalysisFolder>(path, tell));
 }
 
-void AnalysisRun::Build(const Take& take) {
-  for (const std::unique_ptr<AnalysisFolder>& folder : _Folders) BuildFolder(*folder, take);
+void AnalysisRun::Build(const Take& take, OutOfDate out_of_date) {
+  for (const std::unique_ptr<AnalysisFolder>& folder : _Folders) BuildFolder(*folder, take, out_of_date);
 }
 
-void AnalysisRun::BuildFolder(AnalysisFolder& folder, const Take& take) {
+std::size_t AnalysisRun::CountAnalyses() const {
+  std::size_t count = 0;
+  for (const std::unique_ptr<AnalysisFolder>& folder : _Folders) {
+    for (const AnalysisFolder::Member& member : folder->GetMembers()) count += member.IsWanted ? 1 : 0;
+  }
+  return count;
+}
+
+void AnalysisRun::BuildFolder(AnalysisFolder& folder, const Take& take, OutOfDate out_of_date) {
   const std::vector<std::size_t> order = folder.Resolve();
   std::vector<BuiltAnalysis> built(order.size());
   for (const std::size_t index : order) {
@@ -59,13 +72,17 @@ void AnalysisRun::BuildFolder(AnalysisFolder& folder, const Take& take) {
     }
     built[index] = _Builder.Build(member.File, member.Identifier, reused);
     if (member.IsWanted) take(member, built[index], reused);
-    TellProblems(member, built[index]);
+    TellProblems(member, built[index], out_of_date);
   }
 }
 
-void AnalysisRun::TellProblems(const AnalysisFolder::Member& member, const BuiltAnalysis& built) {
+void AnalysisRun::TellProblems(const AnalysisFolder::Member& member, const BuiltAnalysis& built,
+                               OutOfDate out_of_date) {
   std::vector<PlacedFailure> problems = member.ReuseFaults;
   problems.insert(problems.end(), built.Problems.begin(), built.Problems.end());
+  if (out_of_date == OutOfDate::Told) {
+    problems.insert(problems.end(), built.OutOfDate.begin(), built.OutOfDate.end());
+  }
   std::stable_sort(problems.begin(), problems.end(), [](const PlacedFailure& left, const PlacedFailure& right) {
     return left.GetLine() < right.GetLine();
   });

@@ -26,16 +26,27 @@ class AnalysisRun {
   AnalysisRun(const CommandLine& line, const Catalogue& catalogue, VEXSTMTimeAnalysisDlgServices& services,
               Answers& answers);
 
+  /// Whether recorded times that are not the present ones are told of.
+  enum class OutOfDate { Told, PassedOver };
+
   /// Builds all analyses in the model of the current session; tells of what is wrong with each behind its `take`.
-  void Build(const Take& take);
+  void Build(const Take& take, OutOfDate out_of_date = OutOfDate::Told);
+
+  /// Number of analyses that were asked for.
+  std::size_t CountAnalyses() const;
+
+  /// A builder for further analyses with the codes and the system of the run, which has to outlive it.
+  AnalysisBuilder MakeBuilder() { return {_Codes, _Services, _System}; }
 
  private:
   void AddPath(const std::string& path);
   AnalysisFolder& FolderOf(const std::string& path);
-  void BuildFolder(AnalysisFolder& folder, const Take& take);
-  void TellProblems(const AnalysisFolder::Member& member, const BuiltAnalysis& built);
+  void BuildFolder(AnalysisFolder& folder, const Take& take, OutOfDate out_of_date);
+  void TellProblems(const AnalysisFolder::Member& member, const BuiltAnalysis& built, OutOfDate out_of_date);
 
   std::string _Model;
+  std::string _System;  // of analyses that name none
+  VEXSTMTimeAnalysisDlgServices& _Services;
   Answers& _Answers;
   std::vector<std::string> _Paths;  // of the folders
   std::vector<std::unique_ptr<AnalysisFolder>> _Folders;

@@ -10,7 +10,9 @@ constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 }  // namespace
 
 CsvReader::CsvReader(std::string_view text) : _Text(text) {
-  if (_Text.starts_with(ByteOrderMark)) _Text.remove_prefix(ByteOrderMark.size());
+  if (!_Text.starts_with(ByteOrderMark)) return;
+  _Ahead = ByteOrderMark.size();
+  _Text.remove_prefix(_Ahead);
 }
 
 bool CsvReader::Stop(CsvFault fault, std::size_t line) {
@@ -88,11 +90,13 @@ bool CsvReader::Next(CsvRecord& record) {
     if (_Separator == '\0') FindSeparator();
     for (bool more = true; more;) {
       std::string& field = record.Fields.emplace_back();
+      const std::size_t field_start = _Place;
       const bool quoted = !AtLineEnd() && _Text[_Place] == '"';
       if (quoted && !TakeQuoted(field)) return Stop(CsvFault::OpenQuote, record.Line);
       const std::size_t taken = field.size();
       TakePlain(field);
       if (quoted && field.size() > taken) record.HasTextBehindQuote = true;
+      record.Extents.push_back({_Ahead + field_start, _Place - field_start});
       more = !AtLineEnd();
       if (more) ++_Place;
     }

@@ -20,11 +20,18 @@
 
 namespace tool {
 
+/// Where a field stands in the text, its quotes and what stands behind them included.
+struct CsvExtent {
+  std::size_t Start = 0;  // from the start of the text, a byte order mark included
+  std::size_t Length = 0;
+};
+
 struct CsvRecord {
   std::size_t Line = 0;             // on which it begins, from 1
   bool IsComment = false;           // then the text behind "#" is its only field
   bool HasTextBehindQuote = false;  // something stands between a closing quote and the next separator; it is kept
   std::vector<std::string> Fields;  // at least one
+  std::vector<CsvExtent> Extents;   // of the fields; none for a comment
 };
 
 /// Why a text cannot be read to its end.
@@ -53,7 +60,8 @@ class CsvReader {
   void TakeLineEnd();
   bool AtLineEnd() const;
 
-  std::string_view _Text;
+  std::string_view _Text;   // without the byte order mark
+  std::size_t _Ahead = 0;   // bytes of that mark
   std::size_t _Place = 0;
   std::size_t _Line = 1;
   char _Separator = '\0';  // not yet known

@@ -234,6 +234,12 @@ RowFormula ReadRowFormula(const FilePlace& place, const FormulaCells& cells, con
   return RowFormulaReader(place, cells, std::move(carried)).Read(owner);
 }
 
+void SetFormulaParameters(std::span<const Parameter> parameters, VEXTimeAnalysisLineData& line) {
+  KORRawCollPV list;
+  for (const Parameter& parameter : parameters) list.Append(new Parameter(parameter));
+  line.SetValue(KORFormulaParameterKey, list);
+}
+
 std::string ValuesOfFormula(std::span<const VEXTimeAnalysisFormulaParameter> formula) {
   if (formula.empty()) return {};
   const KORICkeExpression_var expression = ExpressionOf(formula.front()._Signature, formula.front()._Body);

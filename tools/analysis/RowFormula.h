@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "platform/model/VEXTimeAnalysisFormulaParameter.h"
+#include "platform/model/VEXTimeAnalysisLineData.h"
 #include "tools/analysis/AnalysisMessages.h"
 
 namespace tool {
@@ -43,6 +44,9 @@ struct RowFormula {
 /// reused analysis.
 RowFormula ReadRowFormula(const FilePlace& place, const FormulaCells& cells, const FormulaOwner& owner,
                           std::vector<VEXTimeAnalysisFormulaParameter> carried);
+
+/// Puts copies of the parameters on a line, in place of those that it has.
+void SetFormulaParameters(std::span<const VEXTimeAnalysisFormulaParameter> parameters, VEXTimeAnalysisLineData& line);
 
 /// The column "values" of a formula: all that its parameters say beside what its outputs start with anyway. The other
 /// way round from ReadRowFormula; a value with a ";" in it, or blanks at its ends, does not come back.

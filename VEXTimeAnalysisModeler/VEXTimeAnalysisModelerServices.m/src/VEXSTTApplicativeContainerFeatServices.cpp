@@ -2,6 +2,7 @@
 #include "VEXSTTApplicativeContainerFeatServices.h"
 
 #include "objects/ApplicativeData.h"
+#include "platform/base/KORStatus.h"
 
 // The length of a name has no bound: one that is empty is for the platform to refuse.
 

@@ -27,9 +27,34 @@ class HandedOut {
   /// True if the status is a success and there is an object.
   bool IsGiven() const { return Succeeded(_Status) && !_Object.IsNull(); }
 
+  /// Hands the object on, with a reference that the caller releases; null if it is not given. The status.
+  long HandOn(Object*& out) const {
+    out = IsGiven() ? _Object.Get() : nullptr;
+    if (out != nullptr) out->AddRef();
+    return _Status;
+  }
+
  private:
   KORHandle<Object> _Object;
   long _Status = E_FAIL;
 };
+
+/// The same for an operation that hands out an interface through a pointer without its type.
+template <class Interface, class Operation>
+HandedOut<Interface> HandedOutUntyped(const Operation& operation) {
+  return HandedOut<Interface>([&operation](Interface*& object) {
+    void* untyped = nullptr;
+    const long status = operation(&untyped);
+    object = static_cast<Interface*>(untyped);
+    return status;
+  });
+}
+
+/// An interface of an object, which is not null.
+template <class Interface, class Object>
+HandedOut<Interface> Query(const KORHandle<Object>& object) {
+  return HandedOutUntyped<Interface>(
+      [&object](void** out) { return object->QueryInterface(Interface::ClassId(), out); });
+}
 
 }  // namespace objects

@@ -5,6 +5,21 @@
 
 namespace objects {
 
+namespace {
+
+// The representation instance of the time analysis of an occurrence; null if there is none or a step fails.
+PLMIRepInstance_var AnalysisInstanceOf(const KORIPLMNavOccurrence_var& occurrence) {
+  if (occurrence.IsNull()) return NULL_var;
+  const HandedOut<KORIPLMNavInstance> instance = InstanceOf(occurrence);
+  if (!instance.IsGiven()) return NULL_var;
+  const HandedOut<KORIPLMNavReference> operation = OperationOf(instance.Get());
+  if (!operation.IsGiven()) return NULL_var;
+  const PLMIRepInstances_var instances = operation.Get();
+  return instances.IsNull() ? NULL_var : FindAnalysis(instances).Instance;
+}
+
+}  // namespace
+
 HandedOut<KORIPLMNavInstance> InstanceOf(const KORIPLMNavOccurrence_var& occurrence) {
   return HandedOut<KORIPLMNavInstance>(
       [&occurrence](KORIPLMNavInstance*& instance) { return occurrence->GetRelatedInstance(instance); });
@@ -51,21 +66,6 @@ VEXITimeAnalysisRepReference_var AnalysisOfRepInstance(const KORBaseUnknown_var&
   const HandedOut<PLMIRepReference> reference = RepReferenceOf(rep_instance);
   return reference.IsGiven() ? VEXITimeAnalysisRepReference_var(reference.Get()) : NULL_var;
 }
-
-namespace {
-
-// The representation instance of the time analysis of an occurrence; null if there is none or a step fails.
-PLMIRepInstance_var AnalysisInstanceOf(const KORIPLMNavOccurrence_var& occurrence) {
-  if (occurrence.IsNull()) return NULL_var;
-  const HandedOut<KORIPLMNavInstance> instance = InstanceOf(occurrence);
-  if (!instance.IsGiven()) return NULL_var;
-  const HandedOut<KORIPLMNavReference> operation = OperationOf(instance.Get());
-  if (!operation.IsGiven()) return NULL_var;
-  const PLMIRepInstances_var instances = operation.Get();
-  return instances.IsNull() ? NULL_var : FindAnalysis(instances).Instance;
-}
-
-}  // namespace
 
 long ListAnalysisInstances(const KORListValKORBaseUnknown_var& occurrences, KORListValKORBaseUnknown_var& instances) {
   instances.RemoveAll();

@@ -1,0 +1,46 @@
+// What is fetched once for the process: the factory of time analyses and the table of kept components.
+#include "objects/ProcessServices.h"
+
+#include "objects/KeptService.h"
+#include "objects/TimeAnalysisType.h"
+#include "platform/base/KORFillDictionary.h"
+#include "presentation/VEXETimeAnalysisSessionServicesMgr.h"
+
+namespace objects {
+
+namespace {
+
+// To name the class of the component keeps its source, which registers it, in every program that asks for it here.
+HandedOut<VEXITimeAnalysisSessionServicesMgr> InstantiateManager() {
+  return HandedOutUntyped<VEXITimeAnalysisSessionServicesMgr>([](void** out) {
+    return KORInstantiateComponent(VEXETimeAnalysisSessionServicesMgr::ClassName(),
+                                   VEXITimeAnalysisSessionServicesMgr::ClassId(), out);
+  });
+}
+
+struct ServicesOfProcess {
+  KeptService<PLMIRepresentationReferenceFactory> _RepRefFactory{FetchAnalysisFactory};
+  KeptService<VEXITimeAnalysisSessionServicesMgr> _SessionServicesMgr{InstantiateManager};
+};
+
+// Never destroyed: an object that ends behind the static ones may still use them.
+ServicesOfProcess& OfProcess() {
+  static auto* const services = new ServicesOfProcess;
+  return *services;
+}
+
+}  // namespace
+
+long GetRepRefFactory(PLMIRepresentationReferenceFactory*& factory) {
+  return OfProcess()._RepRefFactory.Get(factory);
+}
+
+long GetSessionServicesMgr(VEXITimeAnalysisSessionServicesMgr*& manager) {
+  return OfProcess()._SessionServicesMgr.Get(manager);
+}
+
+void LetGoOfRepRefFactory() {
+  OfProcess()._RepRefFactory.LetGo();
+}
+
+}  // namespace objects

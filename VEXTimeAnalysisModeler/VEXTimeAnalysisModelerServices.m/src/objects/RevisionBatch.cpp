@@ -1,0 +1,236 @@
+// Whether the time analyses of many operations are last revisions: by a single query, and by what is remembered on
+// them.
+#include "objects/RevisionBatch.h"
+
+#include <memory>
+#include <typeinfo>
+
+#include "VEXSTTProvider.h"
+#include "objects/HandedOut.h"
+#include "objects/OperationWalk.h"
+#include "objects/ReusedAnalyses.h"
+#include "objects/RevisionStatus.h"
+#include "objects/VersionQuery.h"
+#include "platform/base/KORFatalError.h"
+#include "platform/base/KORStatus.h"
+#include "platform/model/KORPLMIdentificator.h"
+
+namespace objects {
+
+namespace {
+
+using Status = VEXSTTProvider::TARevStatus;
+
+// What the end of the process names as its place.
+constexpr const char* SourceName = "VEXTimeAnalysisModeler/VEXTimeAnalysisModelerServices.m/src/VEXSTTProvider";
+constexpr int SourceLine = 1181;
+
+constexpr int TableSize = 200;
+
+// The table of statuses; owns its cells.
+class StatusTable {
+ public:
+  StatusTable() = default;
+  StatusTable(const StatusTable&) = delete;
+  StatusTable& operator=(const StatusTable&) = delete;
+  ~StatusTable() {
+    void* analysis = nullptr;
+    void* cell = nullptr;
+    for (_Entries.Begin(); _Entries.Next(analysis, cell) != 0;) delete static_cast<int*>(cell);
+  }
+
+  KORHashObject& Entries() { return _Entries; }
+
+ private:
+  KORHashObject _Entries{TableSize};
+};
+
+// The list of identificators; owns their references.
+class IdentificatorList {
+ public:
+  IdentificatorList() = default;
+  IdentificatorList(const IdentificatorList&) = delete;
+  IdentificatorList& operator=(const IdentificatorList&) = delete;
+  ~IdentificatorList() { ReleaseIdentificators(_Entries); }
+
+  KORListPtrKORIAdpPLMIdentificator& Entries() { return _Entries; }
+
+ private:
+  KORListPtrKORIAdpPLMIdentificator _Entries;
+};
+
+int* CellOf(const KORHashObject& statuses, const KORBaseUnknown* analysis) {
+  return static_cast<int*>(statuses.Get(analysis));
+}
+
+// Fills the tables and the list of BuildTAsHashWithListOfPLMIdentificators.
+class TableBuilder {
+ public:
+  TableBuilder(KORHashObject& statuses, KORHashObject& identifiers, KORListPtrKORIAdpPLMIdentificator& identificators)
+      : _Statuses(statuses), _Identifiers(identifiers), _Identificators(identificators) {}
+
+  // Enters an analysis and what it reuses. What it reuses is entered again with each of its instances, which changes
+  // nothing unless an operation failed the time before.
+  void EnterWithReused(const VEXITimeAnalysisRepReference_var& analysis) {
+    Enter(analysis);
+    ListReusedAnalyses(analysis, _Reused);
+    for (const VEXITimeAnalysisRepReference_var reused : _Reused) {
+      if (!reused.IsNull()) Enter(reused);
+    }
+  }
+
+ private:
+  void Enter(const VEXITimeAnalysisRepReference_var& analysis) {
+    auto cell = std::make_unique<int>(Status::TARevUnknown);
+    if (_Statuses.Insert(analysis->GetImpl(0), cell.get()) == 0) return;
+    (void)cell.release();
+    KORIAdpPLMIdentificator_var identificator = IdentificatorOf(analysis);
+    if (identificator.IsNull()) return;
+    _Identificators.Append(identificator.Get());
+    identificator->AddRef();
+    (void)_Identifiers.Insert(identificator->GetImpl(0), analysis->GetImpl(0));
+  }
+
+  KORHashObject& _Statuses;
+  KORHashObject& _Identifiers;
+  KORListPtrKORIAdpPLMIdentificator& _Identificators;
+  KORListValKORBaseUnknown_var _Reused;
+};
+
+// The entry of the list that identifies the same object as the element, the first if there are several; null if there
+// is none.
+KORBaseUnknown* FindSame(KORIAdpPLMIdentificator& element, const KORListPtrKORIAdpPLMIdentificator& identificators) {
+  for (KORIAdpPLMIdentificator* const identificator : identificators) {
+    unsigned char same = 0;
+    (void)element.IsSameAs(identificator, same);
+    if (same != 0) return identificator->GetImpl(0);
+  }
+  return nullptr;
+}
+
+// The analysis that an element of an information identifies; null if it is none of those asked about.
+//
+// Searching the list for each information would take the square of its length. An identificator of the model is the
+// only one of its object (KORPLMIdentificator::IsSameAs), so that the entry to be found is the very same object, and
+// the table tells it at once. Any other kind may stand for one object several times, where the first entry of the list
+// counts: that takes the search.
+KORBaseUnknown* AnalysisOf(KORIAdpPLMIdentificator& element, const KORListPtrKORIAdpPLMIdentificator& identificators,
+                           const KORHashObject& identifiers) {
+  KORBaseUnknown* const implementation = element.GetImpl(0);
+  const bool is_only_one = typeid(*implementation) == typeid(KORPLMIdentificator);
+  const KORBaseUnknown* const entry = is_only_one ? implementation : FindSame(element, identificators);
+  return entry == nullptr ? nullptr : static_cast<KORBaseUnknown*>(identifiers.Get(entry));
+}
+
+// Whether one of the analyses that an analysis reuses is not a last revision.
+bool ReusesNotLatest(KORBaseUnknown* analysis, const KORHashObject& statuses, KORListValKORBaseUnknown_var& reused) {
+  ListReusedAnalyses(VEXITimeAnalysisRepReference_var(analysis), reused);
+  for (const KORBaseUnknown_var& one : reused) {
+    const int* const cell = CellOf(statuses, one.Get());
+    if (cell != nullptr && *cell == Status::TARevNotLatest) return true;
+  }
+  return false;
+}
+
+void MarkReusersOfNotLatest(KORHashObject& statuses) {
+  KORListValKORBaseUnknown_var reused;
+  void* analysis = nullptr;
+  void* cell = nullptr;
+  for (statuses.Begin(); statuses.Next(analysis, cell) != 0;) {
+    int& status = *static_cast<int*>(cell);
+    if (status == Status::TARevLatest && ReusesNotLatest(static_cast<KORBaseUnknown*>(analysis), statuses, reused)) {
+      status = Status::TARevReusedNotLatest;
+    }
+  }
+}
+
+// Fills the cells of the status table with what the database tells of the analyses of the instances.
+void AskForAll(KORListValKORBaseUnknown_var& instances, KORHashObject* statuses) {
+  KORHashObject identifiers(TableSize);
+  KORHashObject* identifier_table = &identifiers;
+  IdentificatorList identificators;
+  BuildTAsHashWithListOfPLMIdentificators(instances, statuses, identifier_table, identificators.Entries());
+  KORListValKORAdpVersioningInfo infos;
+  (void)AskForVersions(identificators.Entries(), infos);
+  (void)SetRevisionStatusToTA_InHash(identificators.Entries(), infos, statuses, identifier_table);
+}
+
+long ResultOf(long status, const KORListValKORBaseUnknown_var& instances, const KORRawCollint& statuses) {
+  return instances.Size() == 0 || instances.Size() != statuses.Size() ? E_FAIL : status;
+}
+
+}  // namespace
+
+long InstancesWithStatusByOneQuery(const KORListValKORBaseUnknown_var& occurrences,
+                                   KORListValKORBaseUnknown_var& instances, KORRawCollint& statuses) {
+  StatusTable table;
+  const long status = ListAnalysisInstances(occurrences, instances);
+  if (Succeeded(status)) {
+    for (int position = 1; position <= instances.Size(); ++position) statuses.Append(Status::TARevUnknown);
+    if (instances.Size() > 0) AskForAll(instances, &table.Entries());
+  }
+  // There is a status at the position of each instance, if not its own: the list may not have come empty.
+  for (int position = 1; position <= instances.Size(); ++position) {
+    const VEXITimeAnalysisRepReference_var analysis = AnalysisOfRepInstance(instances[position]);
+    if (analysis.IsNull()) continue;
+    const int* const cell = CellOf(table.Entries(), analysis->GetImpl(0));
+    if (cell != nullptr) statuses[position] = *cell;
+  }
+  return ResultOf(status, instances, statuses);
+}
+
+long InstancesWithRememberedStatus(const KORListValKORBaseUnknown_var& occurrences,
+                                   KORListValKORBaseUnknown_var& instances, KORRawCollint& statuses) {
+  const long status = ListAnalysisInstances(occurrences, instances);
+  if (Succeeded(status)) {
+    for (const KORBaseUnknown_var& instance : instances) {
+      const VEXITimeAnalysisRepReference_var analysis = AnalysisOfRepInstance(instance);
+      if (analysis.IsNull()) continue;
+      Status revision = Status::TARevNotLatest;
+      (void)RevisionStatus(analysis, revision);
+      statuses.Append(revision);
+    }
+  }
+  return ResultOf(status, instances, statuses);
+}
+
+void BuildTAsHashWithListOfPLMIdentificators(KORListValKORBaseUnknown_var& instances, KORHashObject*& statuses,
+                                             KORHashObject*& identifiers,
+                                             KORListPtrKORIAdpPLMIdentificator& identificators) {
+  if (statuses == nullptr || identifiers == nullptr) return;
+  TableBuilder builder(*statuses, *identifiers, identificators);
+  for (const KORBaseUnknown_var& instance : instances) {
+    const VEXITimeAnalysisRepReference_var analysis = AnalysisOfRepInstance(instance);
+    if (!analysis.IsNull()) builder.EnterWithReused(analysis);
+  }
+}
+
+long SetRevisionStatusToTA_InHash(const KORListPtrKORIAdpPLMIdentificator& identificators,
+                                  KORListValKORAdpVersioningInfo& infos, KORHashObject*& statuses,
+                                  KORHashObject*& identifiers) {
+  if (statuses == nullptr || identifiers == nullptr) return E_FAIL;
+  long result = S_OK;
+  for (const KORAdpVersioningInfo& info : infos) {
+    const Status status = IsLastMajor(info) ? Status::TARevLatest : Status::TARevNotLatest;
+    const HandedOut<KORIAdpPLMIdentificator> element(
+        [&info](KORIAdpPLMIdentificator*& out) { return info.GetElement(out); });
+    result = element.GetStatus();
+    if (element.Get().IsNull()) continue;
+    int* const cell = CellOf(*statuses, AnalysisOf(*element.Get(), identificators, *identifiers));
+    if (cell != nullptr) *cell = status;
+  }
+  MarkReusersOfNotLatest(*statuses);
+  return result;
+}
+
+void ReleaseIdentificators(KORListPtrKORIAdpPLMIdentificator& identificators) {
+  for (KORIAdpPLMIdentificator* const identificator : identificators) {
+    if (identificator == nullptr) {
+      KORFatalError("AssertionFailed:pIdentifier", nullptr, nullptr, nullptr, SourceName, SourceLine);
+    }
+    identificator->Release();
+  }
+  identificators.RemoveAll();
+}
+
+}  // namespace objects
