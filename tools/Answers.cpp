@@ -9,6 +9,7 @@ namespace tool {
 
 void Answers::Tell(const Failure& failure) {
   _Out.flush();
+  if (_Prepare) _Prepare();
   _Err << "timeanalysis: " << failure.what() << '\n';
   Note(failure.GetStatus());
 }

@@ -5,6 +5,7 @@
 #include <functional>
 #include <iosfwd>
 #include <string_view>
+#include <utility>
 
 #include "tools/CommandLine.h"
 #include "tools/Messages.h"
@@ -21,6 +22,9 @@ class Answers {
   /// Writes a message behind the answers given so far; the run goes on.
   void Tell(const Failure& failure);
 
+  /// Calls `prepare` ahead of each message from now on; null: nothing is called.
+  void PrepareToTell(std::function<void()> prepare) { _Prepare = std::move(prepare); }
+
   /// Counts a status that its answer alone tells of.
   void Note(ExitStatus status) { _Gravest = std::max(_Gravest, status); }
 
@@ -29,6 +33,7 @@ class Answers {
  private:
   std::ostream& _Out;
   std::ostream& _Err;
+  std::function<void()> _Prepare;
   ExitStatus _Gravest = ExitStatus::Done;
 };
 

@@ -7,7 +7,7 @@
 
 namespace tool {
 
-enum class Command { Calc, Export, Import, Eval, Code, Norm, Pattern, CatalogueList, CatalogueCheck };
+enum class Command { Calc, Impact, Export, Import, Eval, Code, Norm, Pattern, CatalogueList, CatalogueCheck };
 
 struct CommandLine {
   Command Chosen = Command::Eval;
@@ -22,6 +22,8 @@ struct CommandLine {
   bool FromInput = false;          // the texts, or all of "pattern", stand on standard input
   std::string Unit;                // --unit: "tmu", "s", "min", "h" or "mod"; empty: TMU, of "code" and seconds
   std::string Model;               // --model: the folder up to which reused analyses are looked for
+  std::string Template;            // --template: identifier of the analysis whose change is looked at
+  bool Apply = false;              // --apply: files are changed, not only listed
   std::string Format;              // --format: "list", "stream", "json" or "csv"
   std::string Into;                // --into: the folder that files are written into; empty: standard output
   std::string Identifier;          // --identifier, of the one stream that is imported; empty: by the name of its file

@@ -8,6 +8,7 @@
 namespace tool {
 
 void RunCalc(const CommandLine& line, const Surroundings& surroundings, Answers& answers);
+void RunImpact(const CommandLine& line, const Surroundings& surroundings, Answers& answers);
 void RunExport(const CommandLine& line, const Surroundings& surroundings, Answers& answers);
 void RunImport(const CommandLine& line, const Surroundings& surroundings, Answers& answers);
 void RunEval(const CommandLine& line, const Surroundings& surroundings, Answers& answers);

@@ -14,8 +14,9 @@ namespace tool {
 /// Exit statuses of the program, in rising gravity: the gravest of a run counts.
 enum class ExitStatus : int {
   Done = 0,
-  Finding = 1,  // something was not found, or a finding was made
-  Unusable = 2  // wrong usage or unreadable input
+  Finding = 1,   // something was not found, or a finding was made
+  Unusable = 2,  // wrong usage or unreadable input
+  Stopped = 3    // the run ended while it changed files: some may be new, the others old
 };
 
 /// A message and the exit status that its cause leads to. Thrown where the run cannot go on.

@@ -21,6 +21,8 @@ void RunCommand(const CommandLine& line, const Surroundings& surroundings, Answe
       return RunEval(line, surroundings, answers);
     case Command::Calc:
       return RunCalc(line, surroundings, answers);
+    case Command::Impact:
+      return RunImpact(line, surroundings, answers);
     case Command::Export:
       return RunExport(line, surroundings, answers);
     case Command::Import:

@@ -1,63 +1,48 @@
 // The stream of a legacy representation: a file as it stands, or a fixed text in a recorded session.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <string>
-#include <tuple>
 
 #include "VEXSTTApplicativeContainerServices.h"
 #include "exchange/DefaultStream.h"
 #include "platform/base/KORError.h"
 #include "tests/calculation/AnalysisShell.h"
 #include "tests/exchange/LegacyWorld.h"
+#include "tests/objects/ObjectsTest.h"
 
 namespace {
 
-using exchangetest::FaultStatus;
-using exchangetest::FaultWay;
-using exchangetest::NullAlone;
-using exchangetest::StatusAlone;
-using exchangetest::StatusAndNull;
+using exchangetest::LegacyAnalyses;
+using exchangetest::Record;
 using support::Text;
 using support::TimeAnalysis_var;
 
-constexpr const char* Before = "as it came";
-
-struct Retrieved {
-  long status;
-  std::string stream;
-};
-
-bool operator==(const Retrieved& left, const Retrieved& right) {
-  return left.status == right.status && left.stream == right.stream;
-}
-
-void PrintTo(const Retrieved& retrieved, std::ostream* output) {
-  *output << retrieved.status << " '" << retrieved.stream << "'";
-}
-
-Retrieved Retrieve(const KORBaseUnknown_var& representation) {
-  KORUnicodeString stream = Before;
+// The status and the text that an operation on a text "as it came" leaves, as "S_OK: as it came".
+std::string Retrieve(const KORBaseUnknown_var& representation) {
+  KORUnicodeString stream = "as it came";
   const long status = VEXSTTApplicativeContainerServices::RetrieveDBDIStream(representation, stream);
-  return {status, Text(stream)};
+  return objectstest::StatusName(status) + ": " + Text(stream);
 }
 
 long CountOpenFiles() {
   return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
 }
 
-class LegacyStreamTest : public exchangetest::LegacyTest {
+class LegacyStreamTest : public objectstest::ObjectsTest {
  protected:
-  // The analysis of a file with that content; the file is closed and still there afterwards.
-  Retrieved RetrieveFile(const std::string& content) {
-    const TimeAnalysis_var analysis = MakeLegacy("TA", content);
+  // What an analysis of a file with that content gives; the file is closed and still there afterwards.
+  std::string RetrieveFile(const std::string& content) {
+    const TimeAnalysis_var analysis = _Analyses.Make("TA", content);
     const long open_before = CountOpenFiles();
-    const Retrieved retrieved = Retrieve(analysis);
+    const std::string retrieved = Retrieve(analysis);
     EXPECT_EQ(CountOpenFiles(), open_before);
     EXPECT_TRUE(std::filesystem::exists(Text(analysis->GetContent().LegacyStreamPath)));
     return retrieved;
   }
+
+  LegacyAnalyses _Analyses;
 };
 
 // Files
@@ -71,58 +56,62 @@ struct FileRow {
 class LegacyFileTest : public LegacyStreamTest, public testing::WithParamInterface<FileRow> {};
 
 TEST_P(LegacyFileTest, IsReadAsItStands) {
-  EXPECT_EQ(RetrieveFile(GetParam().content), (Retrieved{S_OK, GetParam().stream}));
+  EXPECT_EQ(RetrieveFile(GetParam().content), "S_OK: " + GetParam().stream);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, LegacyFileTest,
-    testing::Values(FileRow{"OneByte", "x", "x"},  //
-                    FileRow{"NothingIsStripped", " Save|x|STD|||\n|\r\n\n", " Save|x|STD|||\n|\r\n\n"},
-                    FileRow{"LineFeedAlone", "\n", "\n"},
-                    FileRow{"Utf8", "Gr\xC3\xBC\xC3\x9F"
-                                    "e",
-                            "Grüße"},
-                    FileRow{"Windows1252", "Gr\xFC\xDF"
-                                           "e",
-                            "Grüße"},
-                    FileRow{"EndsAtAFirstNul", std::string("Save\0|x", 7), "Save"},
-                    FileRow{"IsEmptyBehindANulAtTheStart", std::string("\0Save", 5), ""},
-                    FileRow{"NulsAlone", std::string(4096, '\0'), ""},
-                    FileRow{"Binary", std::string("\x7F"
-                                                  "ELF\xFF\xFE\x01\x80\0\x02",
-                                                  10),
-                            "\x7F"
-                            "ELFÿþ\x01€"},
-                    FileRow{"ByteOrderMarkIsKept", "\xEF\xBB\xBFSave", "\xEF\xBB\xBFSave"},
-                    FileRow{"NotAStream", "Dear Sirs,\n", "Dear Sirs,\n"}),
-    support::RowName());
+INSTANTIATE_TEST_SUITE_P(Rows, LegacyFileTest,
+                         testing::Values(FileRow{"OneByte", "x", "x"},  //
+                                         FileRow{"NothingIsStripped", " Save|x|STD|||\n|\r\n\n",
+                                                 " Save|x|STD|||\n|\r\n\n"},
+                                         FileRow{"LineFeedAlone", "\n", "\n"},
+                                         FileRow{"Utf8",
+                                                 "Gr\xC3\xBC\xC3\x9F"
+                                                 "e",
+                                                 "Grüße"},
+                                         FileRow{"Windows1252",
+                                                 "Gr\xFC\xDF"
+                                                 "e",
+                                                 "Grüße"},
+                                         FileRow{"EndsAtAFirstNul", std::string("Save\0|x", 7), "Save"},
+                                         FileRow{"IsEmptyBehindANulAtTheStart", std::string("\0Save", 5), ""},
+                                         FileRow{"NulsAlone", std::string(4096, '\0'), ""},
+                                         FileRow{"Binary",
+                                                 std::string("\x7F"
+                                                             "ELF\xFF\xFE\x01\x80\0\x02",
+                                                             10),
+                                                 "\x7F"
+                                                 "ELFÿþ\x01€"},
+                                         FileRow{"ByteOrderMarkIsKept", "\xEF\xBB\xBFSave", "\xEF\xBB\xBFSave"},
+                                         FileRow{"NotAStream", "Dear Sirs,\n", "Dear Sirs,\n"}),
+                         support::RowName());
 
 TEST_F(LegacyStreamTest, HasEveryByteOfALargeFile) {
   std::string content(std::size_t{8} << 20, 'x');
   for (std::size_t place = 0; place < content.size(); place += 4093) content[place] = "|:\n7"[place % 4];
-  EXPECT_TRUE(RetrieveFile(content) == (Retrieved{S_OK, content}));
+  EXPECT_TRUE(RetrieveFile(content) == "S_OK: " + content);
 }
 
 TEST_F(LegacyStreamTest, LeavesTheTextAloneForAnEmptyFile) {
-  EXPECT_EQ(RetrieveFile(""), (Retrieved{S_OK, Before}));
+  EXPECT_EQ(RetrieveFile(""), "S_OK: as it came");
 }
 
 // Ways that lead to no file
 
 TEST_F(LegacyStreamTest, FailsWithoutAPath) {
-  EXPECT_EQ(Retrieve(MakeLegacy("TA", std::nullopt)), (Retrieved{E_FAIL, Before}));
+  EXPECT_EQ(Retrieve(_Analyses.Make("TA", std::nullopt)), "E_FAIL: as it came");
 }
 
 TEST_F(LegacyStreamTest, HasTheStatusOfTheSizeIfTheFileCannotBeOpened) {
-  const TimeAnalysis_var analysis = MakeLegacy("TA", std::nullopt);
-  for (const std::string& path : {Folder.Path("missing"), Folder.MakeFolder("folder"), std::string("/dev/null")}) {
+  const TimeAnalysis_var analysis = _Analyses.Make("TA", std::nullopt);
+  for (const std::string& path :
+       {_Analyses.Folder().Path("missing"), _Analyses.Folder().MakeFolder("folder"), std::string("/dev/null")}) {
     analysis->GetContent().LegacyStreamPath = support::Unicode(path);
-    EXPECT_EQ(Retrieve(analysis), (Retrieved{E_INVALIDARG, Before})) << path;
+    EXPECT_EQ(Retrieve(analysis), "E_INVALIDARG: as it came") << path;
   }
 }
 
 TEST_F(LegacyStreamTest, FailsWithTheQueryForAnObjectWithoutLegacyStream) {
-  EXPECT_EQ(Retrieve(calculationtest::MakeBareObject()), (Retrieved{E_NOINTERFACE, Before}));
+  EXPECT_EQ(Retrieve(calculationtest::MakeBareObject()), "E_NOINTERFACE: as it came");
 }
 
 TEST_F(LegacyStreamTest, RaisesTheNullHandleErrorForNull) {
@@ -137,10 +126,10 @@ class RecordedStreamTest : public LegacyStreamTest, public testing::WithParamInt
  protected:
   // An analysis of that system with a stream, in a session in which no file can be read.
   TimeAnalysis_var AnalysisOf(const char* system) {
-    const TimeAnalysis_var analysis = MakeLegacy("TA", "from the file");
-    if (system != nullptr) (void)analysis->SetValue("V_Subsystem", KORUnicodeString(system));
+    const TimeAnalysis_var analysis = _Analyses.Make("TA", "from the file");
+    if (system != nullptr) exchangetest::SetSystem(*analysis, system);
     for (const char* operation : {"GetStreamFilePath", "KORFOpen", "KORFSize", "KORFRead"}) {
-      KORSession::Current().InjectFault(operation, FaultStatus);
+      _Session.InjectFault(operation, E_FAIL);
     }
     Record(GetParam());
     return analysis;
@@ -148,12 +137,12 @@ class RecordedStreamTest : public LegacyStreamTest, public testing::WithParamInt
 };
 
 TEST_P(RecordedStreamTest, IsTheDefaultOneForStd) {
-  EXPECT_EQ(Retrieve(AnalysisOf("STD")), (Retrieved{S_OK, Text(exchange::DefaultStream())}));
+  EXPECT_EQ(Retrieve(AnalysisOf("STD")), "S_OK: " + Text(exchange::DefaultStream()));
 }
 
 TEST_P(RecordedStreamTest, StaysAsItCameForOtherSystems) {
   for (const char* system : {"MTM1", "std", "STD ", ""}) {
-    EXPECT_EQ(Retrieve(AnalysisOf(system)), (Retrieved{S_OK, Before})) << system;
+    EXPECT_EQ(Retrieve(AnalysisOf(system)), "S_OK: as it came") << system;
   }
   KORUnicodeString empty;
   EXPECT_EQ(VEXSTTApplicativeContainerServices::RetrieveDBDIStream(AnalysisOf("UAS"), empty), S_OK);
@@ -161,7 +150,7 @@ TEST_P(RecordedStreamTest, StaysAsItCameForOtherSystems) {
 }
 
 TEST_P(RecordedStreamTest, HasTheStatusOfASystemThatCannotBeRead) {
-  EXPECT_EQ(Retrieve(AnalysisOf(nullptr)), (Retrieved{E_FAIL, Before}));
+  EXPECT_EQ(Retrieve(AnalysisOf(nullptr)), "E_FAIL: as it came");
 }
 
 TEST_P(RecordedStreamTest, RaisesTheNullHandleErrorWithoutProperties) {
@@ -169,71 +158,45 @@ TEST_P(RecordedStreamTest, RaisesTheNullHandleErrorWithoutProperties) {
   EXPECT_THROW(Retrieve(shell), KORError);
 }
 
-INSTANTIATE_TEST_SUITE_P(Modes, RecordedStreamTest,
-                         testing::Values(KORRecord::Mode::Capture, KORRecord::Mode::Replay),
+INSTANTIATE_TEST_SUITE_P(Modes, RecordedStreamTest, testing::Values(KORRecord::Mode::Capture, KORRecord::Mode::Replay),
                          [](const auto& row) {
                            return row.param == KORRecord::Mode::Capture ? "Captured" : "Replayed";
                          });
 
 TEST_F(LegacyStreamTest, ComesFromTheFileAgainWhenTheRecordingEnds) {
-  const TimeAnalysis_var analysis = MakeLegacy("TA", "from the file");
-  (void)analysis->SetValue("V_Subsystem", KORUnicodeString("STD"));
+  const TimeAnalysis_var analysis = _Analyses.Make("TA", "from the file");
+  exchangetest::SetSystem(*analysis, "STD");
   Record(KORRecord::Mode::Replay);
   (void)Retrieve(analysis);
   Record(KORRecord::Mode::Rest);
-  EXPECT_EQ(Retrieve(analysis), (Retrieved{S_OK, "from the file"}));
+  EXPECT_EQ(Retrieve(analysis), "S_OK: from the file");
 }
 
 // Faults of the platform
 
-struct StreamFault {
-  const char* operation;
-  FaultWay way;
-  Retrieved expected;
+class StreamFaultTest : public objectstest::FaultTest {
+ protected:
+  LegacyAnalyses _Analyses;
 };
 
-class StreamFaultTest : public LegacyStreamTest,
-                        public testing::WithParamInterface<std::tuple<StreamFault, KORFault::Life>> {};
-
-const Retrieved Whole{S_OK, "Save|x"};
-
 TEST_P(StreamFaultTest, ComesBackAsTold) {
-  const auto& [fault, life] = GetParam();
-  const TimeAnalysis_var analysis = MakeLegacy("TA", "Save|x");
-  exchangetest::InjectFault(fault.operation, fault.way.Kind, life);
+  const TimeAnalysis_var analysis = _Analyses.Make("TA", "Save|x");
   const long open_before = CountOpenFiles();
-  EXPECT_EQ(Retrieve(analysis), fault.expected);
+  ExpectOutcome([&] { return Retrieve(analysis); }, "S_OK: Save|x");
   EXPECT_EQ(CountOpenFiles(), open_before);
-  KORSession::Current().ClearFaults();
-  EXPECT_EQ(Retrieve(analysis), Whole) << "nothing is left of the fault";
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Rows, StreamFaultTest,
-    testing::Combine(
-        testing::Values(StreamFault{"GetStreamFilePath", StatusAndNull, {FaultStatus, Before}},
-                        // The path came all the same: the file is read.
-                        StreamFault{"GetStreamFilePath", StatusAlone, Whole},
-                        // No path and a success: there is no file of that name.
-                        StreamFault{"GetStreamFilePath", NullAlone, {E_INVALIDARG, Before}},
-                        StreamFault{"KORFOpen", StatusAndNull, {E_INVALIDARG, Before}},
-                        StreamFault{"KORFOpen", StatusAlone, Whole},
-                        StreamFault{"KORFOpen", NullAlone, {E_INVALIDARG, Before}},
-                        StreamFault{"KORFSize", StatusAndNull, {FaultStatus, Before}},
-                        StreamFault{"KORFSize", StatusAlone, Whole},
-                        StreamFault{"KORFSize", NullAlone, {S_OK, Before}},
-                        // What was read is the text, even if it is nothing.
-                        StreamFault{"KORFRead", StatusAndNull, {FaultStatus, ""}},
-                        StreamFault{"KORFRead", StatusAlone, {FaultStatus, "Save|x"}},
-                        StreamFault{"KORFRead", NullAlone, {S_OK, ""}},  //
-                        StreamFault{"KORFClose", StatusAndNull, Whole},  //
-                        StreamFault{"KORFClose", StatusAlone, Whole},    //
-                        StreamFault{"KORFClose", NullAlone, Whole}),
-        testing::Values(KORFault::Life::Once, KORFault::Life::Always)),
-    [](const auto& row) {
-      const StreamFault& fault = std::get<0>(row.param);
-      const char* const life = std::get<1>(row.param) == KORFault::Life::Once ? "Once" : "Always";
-      return std::string(fault.operation) + fault.way.Name + life;
-    });
+    testing::ValuesIn(objectstest::AllFaults({
+        // A path that comes in spite of the status is read; no path with a success is that of no file.
+        {"GetStreamFilePath", "fault: as it came", "S_OK: Save|x", "E_INVALIDARG: as it came"},
+        {"KORFOpen", "E_INVALIDARG: as it came", "S_OK: Save|x", "E_INVALIDARG: as it came"},
+        {"KORFSize", "fault: as it came", "S_OK: Save|x", "S_OK: as it came"},
+        // What was read is the text, even if that is nothing.
+        {"KORFRead", "fault: ", "fault: Save|x", "S_OK: "},
+        {"KORFClose", "S_OK: Save|x", "S_OK: Save|x", "S_OK: Save|x"},
+    })),
+    objectstest::FaultCaseName());
 
 }  // namespace

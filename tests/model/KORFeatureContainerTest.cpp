@@ -126,9 +126,9 @@ struct ClassRow {
 class MembersOfClassTest : public testing::TestWithParam<ClassRow> {};
 
 TEST_P(MembersOfClassTest, AreListed) {
-  const KORExtensionRegistration extension("ExtendedMember", KORISpecObject::ClassId(),
-                                           {"FeatureExtension", ENUMTypeOfClass::CodeExtension,
-                                            []() -> KORExtension* { return new FeatureExtension; }});
+  const KORExtensionRegistration extension(
+      "ExtendedMember", KORISpecObject::ClassId(),
+      {"FeatureExtension", ENUMTypeOfClass::CodeExtension, []() -> KORExtension* { return new FeatureExtension; }});
   const long before = KORBaseUnknown::CountLiveObjects();
   {
     const Container_var container = NewContainer();
@@ -146,8 +146,8 @@ INSTANTIATE_TEST_SUITE_P(Classes, MembersOfClassTest,
                                          ClassRow{"WithAttributes", "KORISpecAttrAccess", "feature "},
                                          ClassRow{"AllObjects", "KORBaseUnknown", "feature - - extended "},
                                          ClassRow{"OtherCase", "korispecobject", ""},
-                                         ClassRow{"UnknownClass", "KORIContainer", ""},
-                                         ClassRow{"EmptyName", "", ""}, ClassRow{"Null", nullptr, ""}),
+                                         ClassRow{"UnknownClass", "KORIContainer", ""}, ClassRow{"EmptyName", "", ""},
+                                         ClassRow{"Null", nullptr, ""}),
                          [](const auto& row) { return std::string(row.param.Name); });
 
 TEST(KORFeatureContainerTest, EachListedMemberComesWithAReference) {

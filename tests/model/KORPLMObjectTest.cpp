@@ -87,6 +87,12 @@ TEST_P(KORPLMObjectTest, HasOneIdentificator) {
   second->Release();
 }
 
+TEST_P(KORPLMObjectTest, IsMarkedForTheKnowledgeEngine) {
+  const KORICkeObject_var marked = KORBaseUnknown_var(_Object);
+  ASSERT_FALSE(marked.IsNull());
+  EXPECT_EQ(marked->GetImpl(0), _Object->GetImpl(0));
+}
+
 TEST_P(KORPLMObjectTest, IdentificatorThatFailsIsNull) {
   KORSession::Current().InjectFault("GetPLMIdentificator", E_FAIL);
   int anything = 0;

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-
 #include "tests/model/ModelTest.h"
 #include "tests/support/FaultMatrix.h"
 
@@ -36,9 +35,9 @@ KORIContainer_var Create(const Analysis_var& analysis, const KORUnicodeString& n
   int anything = 0;
   void* out = &anything;
   const PLMIRepReferenceApplicativeDataAccess_var access = analysis;
-  EXPECT_EQ(access->CreateApplicativeContainer(&out, "VEXTimeAnalysisModel", KORIContainer::ClassId(), "KORFeatCont",
-                                               name),
-            expected);
+  EXPECT_EQ(
+      access->CreateApplicativeContainer(&out, "VEXTimeAnalysisModel", KORIContainer::ClassId(), "KORFeatCont", name),
+      expected);
   return KORIContainer_var::Adopt(static_cast<KORIContainer*>(out));
 }
 

@@ -1,4 +1,5 @@
 // How the change of an analysis reaches those that reuse it: which lines get what, in which order, and what is saved.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <map>
@@ -7,6 +8,7 @@
 
 #include "tests/calculation/AnalysisShell.h"
 #include "tests/objects/ImpactTest.h"
+#include "tests/support/ServiceTest.h"
 
 namespace {
 
@@ -234,9 +236,9 @@ TEST_F(ReusingLineTest, ParametersOfAllLinesOfTheChangedOneComeFirst) {
 
 TEST_F(ReusingLineTest, AnalysisThatOwnsNoParameterKeepsNone) {
   const auto grip = NewTemplate("Grip", 10.0, 0.0, {Line("F").Formula(TimeFormula("Grip", "1", "0.36"))});
-  const auto pick =
-      NewAnalysis("Pick", {ReusingLine("Grip", grip)
-                               .Formula(TimeFormula("Pick2", "1", "1").Append(TimeFormula("pick", "1", "1")))});
+  const auto pick = NewAnalysis(
+      "Pick",
+      {ReusingLine("Grip", grip).Formula(TimeFormula("Pick2", "1", "1").Append(TimeFormula("pick", "1", "1")))});
   EXPECT_EQ(Update(grip, pick).outcome, "S_OK");
   EXPECT_EQ(OwnersOn(*pick, 1), Names{"Grip/1"});
 }
@@ -282,14 +284,13 @@ TEST_P(ReusingLineTotalsTest, GiveTheTimeOfTheLine) {
 // At 0.036 s per TMU.
 INSTANTIATE_TEST_SUITE_P(
     Totals, ReusingLineTotalsTest,
-    testing::Values(TotalsRow{"TotalAndSetup", {{"TotalCalculated", 20.0}, {"TRGCalculated", 5.0}}, 0.9},
-                    TotalsRow{"TotalAlone", {{"TotalCalculated", 20.0}}, 0.72},
-                    TotalsRow{"SetupAlone", {{"TRGCalculated", 5.0}}, 0.18}, TotalsRow{"NeverCalculated", {}, 0.0},
-                    TotalsRow{"OtherTotalsDoNotCount",
-                              {{"TTBCalculated", 1.0}, {"TWCalculated", 1.0}, {"V_TotalTime", 1.0}},
-                              0.0},
-                    TotalsRow{"RoundedToSixDecimals", {{"TotalCalculated", 100.0 / 7.0}}, 0.514286},
-                    TotalsRow{"Negative", {{"TotalCalculated", -20.0}}, -0.72}),
+    testing::Values(
+        TotalsRow{"TotalAndSetup", {{"TotalCalculated", 20.0}, {"TRGCalculated", 5.0}}, 0.9},
+        TotalsRow{"TotalAlone", {{"TotalCalculated", 20.0}}, 0.72},
+        TotalsRow{"SetupAlone", {{"TRGCalculated", 5.0}}, 0.18}, TotalsRow{"NeverCalculated", {}, 0.0},
+        TotalsRow{"OtherTotalsDoNotCount", {{"TTBCalculated", 1.0}, {"TWCalculated", 1.0}, {"V_TotalTime", 1.0}}, 0.0},
+        TotalsRow{"RoundedToSixDecimals", {{"TotalCalculated", 100.0 / 7.0}}, 0.514286},
+        TotalsRow{"Negative", {{"TotalCalculated", -20.0}}, -0.72}),
     support::RowName());
 
 TEST_F(ReusingLineTest, OtherKeysStay) {
@@ -303,17 +304,18 @@ TEST_F(ReusingLineTest, OtherKeysStay) {
                                              .Set("RowNum", 4)
                                              .Set("A key of nobody", "x")});
   EXPECT_EQ(Update(grip, pick).outcome, "S_OK");
-  EXPECT_EQ(support::DescribeLine(*pick, 1), support::DescribeLine(*NewAnalysis("Expected", {ReusingLine("Old code", grip)
-                                                                                  .Set("TotalTime", 0.36)
-                                                                                  .Set("TTBTime", 0.36)
-                                                                                  .Set("TimeType", "TTU")
-                                                                                  .Set("Factor", 2.5)
-                                                                                  .Set("TTUTime", 7.0)
-                                                                                  .Set("TRGTime", -0.036)
-                                                                                  .Set("Description", "grip it")
-                                                                                  .Set("RowNum", 4)
-                                                                                  .Set("A key of nobody", "x")}),
-                                                            1));
+  EXPECT_EQ(support::DescribeLine(*pick, 1),
+            support::DescribeLine(*NewAnalysis("Expected", {ReusingLine("Old code", grip)
+                                                                .Set("TotalTime", 0.36)
+                                                                .Set("TTBTime", 0.36)
+                                                                .Set("TimeType", "TTU")
+                                                                .Set("Factor", 2.5)
+                                                                .Set("TTUTime", 7.0)
+                                                                .Set("TRGTime", -0.036)
+                                                                .Set("Description", "grip it")
+                                                                .Set("RowNum", 4)
+                                                                .Set("A key of nobody", "x")}),
+                                  1));
 }
 
 TEST_F(ReusingLineTest, ALineOutsideAllTotalsIsWrittenAndDoesNotCount) {

@@ -1,5 +1,5 @@
-// What the tests of analyses that reuse each other share: what is saved in a session, the table of reuses, and the climb
-// from a changed analysis in one step.
+// What the tests of analyses that reuse each other share: what is saved in a session, the table of reuses, and the
+// climb from a changed analysis in one step.
 //
 //   const auto grip = NewTemplate("Grip", 10.0, 2.5);
 //   const auto pick = NewAnalysis("Pick", {ReusingLine("Grip", grip)});

@@ -65,8 +65,7 @@ KORPLMObject& RecordOf(const KORBaseUnknown_var& object) {
 // An analysis under an operation, by its instance. The user who is logged in is "anna".
 struct Place {
   TimeAnalysis_var Analysis = NewAnalysis("Fasten");
-  KORBaseUnknown_var Instance =
-      Attach(NewOperation("Cover"), PLMIRepReference_var(Analysis));
+  KORBaseUnknown_var Instance = Attach(NewOperation("Cover"), PLMIRepReference_var(Analysis));
 };
 
 // What a question is about, and what it is not about.
@@ -150,37 +149,36 @@ TEST_P(ReservationTest, OfTheReferenceIsNotThatOfTheInstance) {
 
 INSTANTIATE_TEST_SUITE_P(
     Reservations, ReservationTest,
-    testing::Values(
-        ReservationRow{"NeverReserved", LeaveAlone, "", "S_FALSE NotLocked"},
-        ReservationRow{"ForTheCurrentUser", ReserveForAnna, "", "S_OK ByMe"},
-        ReservationRow{"ForAnotherUser", ReserveForBert, "", "S_OK NotByMe"},
-        ReservationRow{"ForTheUserAskedAbout", ReserveForBert, "bert", "S_OK ByMe"},
-        ReservationRow{"ForTheCurrentUserWhenAskedAboutAnother", ReserveForAnna, "bert", "S_OK NotByMe"},
-        ReservationRow{"UserInOtherCase", ReserveForAnna, "Anna", "S_OK NotByMe"},
-        ReservationRow{"UserWithABlank", ReserveForAnna, "anna ", "S_OK NotByMe"},
-        ReservationRow{"TakenAway",
-                       [](KORPLMObject& object) {
-                         object.Reserve("anna");
-                         object.Unreserve();
-                       },
-                       "", "S_FALSE NotLocked"},
-        ReservationRow{"FlagAsText", WithFlag("TRUE"), "", "S_OK ByMe"},
-        ReservationRow{"FlagOfSmallLetters", WithFlag("true"), "", "S_FALSE NotLocked"},
-        ReservationRow{"FlagOfAnotherText", WithFlag("YES"), "", "S_FALSE NotLocked"},
-        ReservationRow{"FlagOfANumber", WithFlag("1"), "", "S_FALSE NotLocked"},
-        ReservationRow{"FlagWithABlank", WithFlag("TRUE "), "", "S_FALSE NotLocked"},
-        ReservationRow{"EmptyFlag", WithFlag(""), "", "S_FALSE NotLocked"},
-        ReservationRow{"FlagWithoutUser",
-                       [](KORPLMObject& object) {
-                         object.GetAttributes().Set(KORReservedAttribute, static_cast<unsigned char>(1));
-                       },
-                       "", "S_FALSE NotLocked"},
-        ReservationRow{"UserWithoutFlag",
-                       [](KORPLMObject& object) {
-                         object.GetAttributes().Set(KORReservedByAttribute, KORUnicodeString("anna"));
-                       },
-                       "", "S_FALSE NotLocked"},
-        ReservationRow{"ForNobody", [](KORPLMObject& object) { object.Reserve(""); }, "", "S_OK NotByMe"}),
+    testing::Values(ReservationRow{"NeverReserved", LeaveAlone, "", "S_FALSE NotLocked"},
+                    ReservationRow{"ForTheCurrentUser", ReserveForAnna, "", "S_OK ByMe"},
+                    ReservationRow{"ForAnotherUser", ReserveForBert, "", "S_OK NotByMe"},
+                    ReservationRow{"ForTheUserAskedAbout", ReserveForBert, "bert", "S_OK ByMe"},
+                    ReservationRow{"ForTheCurrentUserWhenAskedAboutAnother", ReserveForAnna, "bert", "S_OK NotByMe"},
+                    ReservationRow{"UserInOtherCase", ReserveForAnna, "Anna", "S_OK NotByMe"},
+                    ReservationRow{"UserWithABlank", ReserveForAnna, "anna ", "S_OK NotByMe"},
+                    ReservationRow{"TakenAway",
+                                   [](KORPLMObject& object) {
+                                     object.Reserve("anna");
+                                     object.Unreserve();
+                                   },
+                                   "", "S_FALSE NotLocked"},
+                    ReservationRow{"FlagAsText", WithFlag("TRUE"), "", "S_OK ByMe"},
+                    ReservationRow{"FlagOfSmallLetters", WithFlag("true"), "", "S_FALSE NotLocked"},
+                    ReservationRow{"FlagOfAnotherText", WithFlag("YES"), "", "S_FALSE NotLocked"},
+                    ReservationRow{"FlagOfANumber", WithFlag("1"), "", "S_FALSE NotLocked"},
+                    ReservationRow{"FlagWithABlank", WithFlag("TRUE "), "", "S_FALSE NotLocked"},
+                    ReservationRow{"EmptyFlag", WithFlag(""), "", "S_FALSE NotLocked"},
+                    ReservationRow{"FlagWithoutUser",
+                                   [](KORPLMObject& object) {
+                                     object.GetAttributes().Set(KORReservedAttribute, static_cast<unsigned char>(1));
+                                   },
+                                   "", "S_FALSE NotLocked"},
+                    ReservationRow{"UserWithoutFlag",
+                                   [](KORPLMObject& object) {
+                                     object.GetAttributes().Set(KORReservedByAttribute, KORUnicodeString("anna"));
+                                   },
+                                   "", "S_FALSE NotLocked"},
+                    ReservationRow{"ForNobody", [](KORPLMObject& object) { object.Reserve(""); }, "", "S_OK NotByMe"}),
     RowName());
 
 // ---- Users ----
@@ -265,8 +263,8 @@ INSTANTIATE_TEST_SUITE_P(
                     return instance;
                   },
                   "S_OK ByMe", NotExamined},
-        ObjectRow{"InstanceWithoutAttributes",
-                  [] { return BareInstanceOf(PLMIRepReference_var(ReservedAnalysis())); }, NotExamined, "S_OK ByMe"},
+        ObjectRow{"InstanceWithoutAttributes", [] { return BareInstanceOf(PLMIRepReference_var(ReservedAnalysis())); },
+                  NotExamined, "S_OK ByMe"},
         ObjectRow{"InstanceOfNothing", [] { return BareInstanceOf(NULL_var); }, NotExamined, NotExamined},
         ObjectRow{"AnalysisWithoutAttributes",
                   [] { return BareInstanceOf(PLMIRepReference_var(NewShell(ReservedAnalysis()))); }, NotExamined,
@@ -303,8 +301,7 @@ const std::vector<objectstest::FaultRow> LockFaults{
 };
 // Twice a call: an empty name of the user is no failure, an empty flag is none either.
 const std::vector<objectstest::FaultRow> FirstReadFaults{{"GetValueAsString", NoReservation, NoReservation, Others}};
-const std::vector<objectstest::FaultRow> ReadFaults{
-    {"GetValueAsString", NoReservation, NoReservation, NoReservation}};
+const std::vector<objectstest::FaultRow> ReadFaults{{"GetValueAsString", NoReservation, NoReservation, NoReservation}};
 
 TEST_P(LockFaultTest, OfTheInstance) {
   ExpectLock(OfInstance);

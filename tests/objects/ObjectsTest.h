@@ -90,6 +90,17 @@ inline KORListValKORBaseUnknown_var InstancesUnder(const Operation_var& operatio
   return instances;
 }
 
+/// What an out argument holds before a call, to see whether it is touched: its name is "untouched".
+inline KORBaseUnknown_var Marker() {
+  return KORBaseUnknown_var::Adopt(new KORPLMObject("untouched"));
+}
+
+/// How many references an object has.
+inline unsigned long ReferencesOf(const KORBaseUnknown& object) {
+  object.AddRef();
+  return object.Release();
+}
+
 // ---- Outcomes as texts ----
 
 /// The status with which faults are injected; nothing else gives it.

@@ -4,13 +4,12 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "VEXSTTApplicativeContainerServices.h"
-#include "platform/model/KORModel.h"
 #include "platform/services/KORAdpProtectedSaver.h"
-#include "platform/system/KORSession.h"
-#include "tests/support/AnalysisBuilder.h"
+#include "tests/objects/ObjectsTest.h"
 #include "tests/support/ServiceTest.h"
 
 namespace {
@@ -20,47 +19,42 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Names = std::vector<std::string>;
 
-constexpr long FaultStatus = -77;
-
-class SubsystemMigrationTest : public testing::Test {
- protected:
-  SubsystemMigrationTest() {
-    KORSaveObserver::Current().Set([this](const KORListPtrKORIPLMComponent& components) {
-      Names names;
-      for (KORIPLMComponent* const component : components) names.push_back(IdentifierOf(component));
-      _Saves.push_back(names);
-    });
-  }
-
-  static TimeAnalysis_var Create(const char* identifier, const std::optional<std::string>& older,
-                                 const std::optional<std::string>& present) {
-    const TimeAnalysis_var analysis = KORModel::Current().CreateTimeAnalysis(identifier);
-    if (older) (void)analysis->SetValue("Subsystem", support::Unicode(*older));
-    if (present) (void)analysis->SetValue("V_Subsystem", support::Unicode(*present));
-    return analysis;
-  }
-
-  static std::string IdentifierOf(KORIPLMComponent* component) {
-    return support::Text(
-        support::Read<KORUnicodeString>(*VEXITimeAnalysisRepReference_var(component), "PLM_ExternalID").value_or("?"));
-  }
-
-  long Migrate() { return VEXSTTApplicativeContainerServices::MigrateSUBSYSTEM_to_MODAPTS(_Bag); }
-
-  // What each run saved, since the last time that this was asked.
-  std::vector<Names> TakeSaves() { return std::exchange(_Saves, {}); }
-
-  const KORFreshSession _Session;
-  KOROmbLifeCycleRootsBag _Bag;
-
- private:
-  std::vector<Names> _Saves;
-};
+TimeAnalysis_var Create(const char* identifier, const std::optional<std::string>& older,
+                        const std::optional<std::string>& present) {
+  const TimeAnalysis_var analysis = objectstest::NewAnalysis(identifier);
+  if (older) (void)analysis->SetValue("Subsystem", support::Unicode(*older));
+  if (present) (void)analysis->SetValue("V_Subsystem", support::Unicode(*present));
+  return analysis;
+}
 
 std::optional<std::string> TextOf(const TimeAnalysis_var& analysis, const char* attribute) {
   const auto text = support::Read<KORUnicodeString>(*analysis, attribute);
   return text ? std::optional(support::Text(*text)) : std::nullopt;
 }
+
+long Migrate() {
+  KOROmbLifeCycleRootsBag bag;
+  return VEXSTTApplicativeContainerServices::MigrateSUBSYSTEM_to_MODAPTS(bag);
+}
+
+class SubsystemMigrationTest : public objectstest::ObjectsTest {
+ protected:
+  SubsystemMigrationTest() {
+    KORSaveObserver::Current().Set([this](const KORListPtrKORIPLMComponent& components) {
+      Names names;
+      for (KORIPLMComponent* const component : components) {
+        names.push_back(objectstest::NameOf(KORBaseUnknown_var(component)));
+      }
+      _Saves.push_back(names);
+    });
+  }
+
+  // What each run saved, since the last time that this was asked.
+  std::vector<Names> TakeSaves() { return std::exchange(_Saves, {}); }
+
+ private:
+  std::vector<Names> _Saves;
+};
 
 // What becomes of one analysis
 
@@ -146,66 +140,62 @@ TEST_F(SubsystemMigrationTest, KeepsTheAnalysesAliveByTheBag) {
   Create("other", {}, {});
   analysis->AddRef();
   const unsigned long references = analysis->Release();
-  (void)Migrate();
-  EXPECT_EQ(_Bag.Size(), 2);
+  KOROmbLifeCycleRootsBag bag;
+  (void)VEXSTTApplicativeContainerServices::MigrateSUBSYSTEM_to_MODAPTS(bag);
+  EXPECT_EQ(bag.Size(), 2);
   analysis->AddRef();
   EXPECT_EQ(analysis->Release(), references + 1) << "that of the bag, and none besides";
 }
 
 // Faults of the platform
 
-struct MigrationFault {
-  const char* name;
-  const char* operation;
-  KORFault::Kind kind;
-  long status;                    // with an analysis to repair
-  long status_without_repair;     // with none
-  std::vector<std::string> saved;
-};
-
-class MigrationFaultTest : public SubsystemMigrationTest, public testing::WithParamInterface<MigrationFault> {
+// An outcome is the status, what is saved, and what "V_Subsystem" is then.
+class MigrationFaultTest : public objectstest::FaultTest {
  protected:
-  static void Inject(KORFault::Life life) {
-    KORFault fault{FaultStatus};
-    fault.What = GetParam().kind;
-    fault.Holds = life;
-    KORSession::Current().InjectFault(GetParam().operation, fault);
+  // A run with an analysis to repair, which none of the runs before has seen.
+  std::string Run() {
+    std::string saved;
+    KORSaveObserver::Current().Set([&saved](const KORListPtrKORIPLMComponent& components) {
+      saved = std::to_string(components.Size()) + " saved";
+    });
+    const TimeAnalysis_var analysis = Create("TA", _Older, "GTE");
+    const long status = Migrate();
+    KORSaveObserver::Current().Set(nullptr);
+    const std::string outcome =
+        objectstest::StatusName(status) + ", " + saved + ", " + TextOf(analysis, "V_Subsystem").value_or("?");
+    (void)analysis->SetValue("Subsystem", KORUnicodeString());
+    return outcome;
   }
+
+  std::string _Older = "MODAPTS";
 };
 
 TEST_P(MigrationFaultTest, ComesBackAsTold) {
-  for (const KORFault::Life life : {KORFault::Life::Once, KORFault::Life::Always}) {
-    const TimeAnalysis_var analysis = Create("TA", "MODAPTS", "GTE");
-    Inject(life);
-    EXPECT_EQ(Migrate(), GetParam().status);
-    EXPECT_THAT(TakeSaves(), ElementsAre(GetParam().saved));
-    EXPECT_EQ(TextOf(analysis, "V_Subsystem"), GetParam().saved.empty() ? "GTE" : "MODAPTS");
-    KORSession::Current().ClearFaults();
-    (void)Migrate();
-    (void)TakeSaves();
-    EXPECT_EQ(TextOf(analysis, "V_Subsystem"), "MODAPTS") << "a further run makes up for it";
-  }
+  ExpectOutcome([this] { return Run(); }, "S_OK, 1 saved, MODAPTS");
 }
 
-TEST_P(MigrationFaultTest, ShowsWhereNothingIsWritten) {
-  Create("TA", "MTM1", "GTE");
-  Inject(KORFault::Life::Always);
-  EXPECT_EQ(Migrate(), GetParam().status_without_repair);
-  EXPECT_THAT(TakeSaves(), ElementsAre(IsEmpty()));
+INSTANTIATE_TEST_SUITE_P(Rows, MigrationFaultTest,
+                         testing::ValuesIn(objectstest::AllFaults({
+                             // Analyses that come in spite of the status are repaired, and the last write counts.
+                             {"GetAllTimeAnalysis", "fault, 0 saved, GTE", "S_OK, 1 saved, MODAPTS",
+                              "S_OK, 0 saved, GTE"},
+                             // Whether the saving worked is not told.
+                             {"Save", "S_OK, 1 saved, MODAPTS", "S_OK, 1 saved, MODAPTS", "S_OK, 1 saved, MODAPTS"},
+                         })),
+                         objectstest::FaultCaseName());
+
+class FaultWithoutRepairTest : public MigrationFaultTest {};
+
+TEST_P(FaultWithoutRepairTest, ShowsTheStatusOfTheQuery) {
+  _Older = "MTM1";
+  ExpectOutcome([this] { return Run(); }, "S_OK, 0 saved, GTE");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, MigrationFaultTest,
-    testing::Values(MigrationFault{"QueryStatusAndNull", "GetAllTimeAnalysis", KORFault::Kind::StatusAndNull,
-                                   FaultStatus, FaultStatus, {}},
-                    // The analyses came all the same: the last write is what counts.
-                    MigrationFault{"QueryStatusAlone", "GetAllTimeAnalysis", KORFault::Kind::StatusAlone, S_OK,
-                                   FaultStatus, {"TA"}},
-                    MigrationFault{"QueryNullAlone", "GetAllTimeAnalysis", KORFault::Kind::NullAlone, S_OK, S_OK, {}},
-                    // Whether the saving worked is not told.
-                    MigrationFault{"SaveStatusAndNull", "Save", KORFault::Kind::StatusAndNull, S_OK, S_OK, {"TA"}},
-                    MigrationFault{"SaveStatusAlone", "Save", KORFault::Kind::StatusAlone, S_OK, S_OK, {"TA"}},
-                    MigrationFault{"SaveNullAlone", "Save", KORFault::Kind::NullAlone, S_OK, S_OK, {"TA"}}),
-    support::RowName());
+INSTANTIATE_TEST_SUITE_P(Rows, FaultWithoutRepairTest,
+                         testing::ValuesIn(objectstest::AllFaults({
+                             {"GetAllTimeAnalysis", "fault, 0 saved, GTE", "fault, 0 saved, GTE", "S_OK, 0 saved, GTE"},
+                             {"Save", "S_OK, 0 saved, GTE", "S_OK, 0 saved, GTE", "S_OK, 0 saved, GTE"},
+                         })),
+                         objectstest::FaultCaseName());
 
 }  // namespace

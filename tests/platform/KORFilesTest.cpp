@@ -348,4 +348,45 @@ TEST_F(KORFilesTest, AWriteThatFailsOnDemandLeavesReadersAlone) {
   EXPECT_EQ(Read(reader, 1), "0");
 }
 
+struct RaisedFault {};
+
+KORFault FaultOf(KORFault::Kind what) {
+  KORFault fault{E_NOINTERFACE, what};
+  if (what == KORFault::Kind::Raised) fault.Error = std::make_exception_ptr(RaisedFault());
+  return fault;
+}
+
+TEST_F(KORFilesTest, AFaultyWriteOfWhicheverKindGivesTheFileUp) {
+  using Kind = KORFault::Kind;
+  for (const Kind what : {Kind::StatusAndNull, Kind::StatusAlone, Kind::NullAlone, Kind::Raised}) {
+    const int descriptor = Open(Path("new"), "w");
+    KORSession::Current().InjectFault("KORFWrite", FaultOf(what));
+    if (what == Kind::Raised) {
+      EXPECT_THROW((void)Write(descriptor, "more"), RaisedFault);
+    } else {
+      EXPECT_EQ(Write(descriptor, "more"), what == Kind::NullAlone ? S_OK : E_NOINTERFACE);
+    }
+    EXPECT_EQ(_Folder.Names(), Names{});
+    EXPECT_EQ(KORFClose(descriptor), E_FAIL);
+    KORSession::Current().ClearFaults();
+  }
+}
+
+TEST_F(KORFilesTest, AFaultyCloseOfWhicheverKindClosesTheDescriptor) {
+  using Kind = KORFault::Kind;
+  for (const Kind what : {Kind::StatusAndNull, Kind::NullAlone, Kind::Raised, Kind::StatusAlone}) {
+    const int descriptor = Open(Path("new"), "w");
+    EXPECT_EQ(Write(descriptor, "some"), S_OK);
+    KORSession::Current().InjectFault("KORFClose", FaultOf(what));
+    if (what == Kind::Raised) {
+      EXPECT_THROW((void)KORFClose(descriptor), RaisedFault);
+    } else {
+      EXPECT_EQ(KORFClose(descriptor), what == Kind::NullAlone ? S_OK : E_NOINTERFACE);
+    }
+    EXPECT_EQ(_Folder.Names(), what == Kind::StatusAlone ? Names{"new"} : Names{});
+    KORSession::Current().ClearFaults();
+    EXPECT_EQ(KORFClose(descriptor), E_INVALIDARG);
+  }
+}
+
 }  // namespace

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <exception>
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -91,16 +93,63 @@ TEST(KORSessionTest, OperatingSystemStartsAsOneWithSlash) {
   EXPECT_EQ(KORGetOperatingSystem(0), 0x10004);
 }
 
+// The status of the fault that the next call of the operation takes; S_OK if there is none.
+long Take(KORSession& session, const char* operation) {
+  const std::optional<KORFault> fault = session.TakeFault(operation);
+  return fault ? fault->Status : S_OK;
+}
+
 TEST(KORSessionTest, FaultsLastUntilTheyAreCleared) {
   KORSession session;
-  EXPECT_EQ(session.GetFault("KORSplitPath"), S_OK);
+  EXPECT_EQ(Take(session, "KORSplitPath"), S_OK);
   session.InjectFault("KORSplitPath", E_FAIL);
-  EXPECT_EQ(session.GetFault("KORSplitPath"), E_FAIL);
-  EXPECT_EQ(session.GetFault("KORListDirectory"), S_OK);
+  EXPECT_EQ(Take(session, "KORSplitPath"), E_FAIL);
+  EXPECT_EQ(Take(session, "KORSplitPath"), E_FAIL);
+  EXPECT_EQ(Take(session, "KORListDirectory"), S_OK);
   session.InjectFault("KORSplitPath", E_INVALIDARG);
-  EXPECT_EQ(session.GetFault("KORSplitPath"), E_INVALIDARG);
+  EXPECT_EQ(Take(session, "KORSplitPath"), E_INVALIDARG);
   session.ClearFaults();
-  EXPECT_EQ(session.GetFault("KORSplitPath"), S_OK);
+  EXPECT_EQ(Take(session, "KORSplitPath"), S_OK);
+}
+
+TEST(KORSessionTest, FaultForOneCallGoesWithIt) {
+  KORSession session;
+  session.InjectFault("KORSplitPath", KORFault{E_FAIL, KORFault::Kind::StatusAlone, KORFault::Life::Once});
+  session.InjectFault("KORListDirectory", E_INVALIDARG);
+  EXPECT_EQ(Take(session, "KORListDirectory"), E_INVALIDARG);
+  EXPECT_EQ(Take(session, "KORSplitPath"), E_FAIL);
+  EXPECT_EQ(Take(session, "KORSplitPath"), S_OK);
+  EXPECT_EQ(Take(session, "KORListDirectory"), E_INVALIDARG);
+}
+
+TEST(KORSessionTest, FaultIsTakenAsItWasInjected) {
+  KORSession session;
+  const KORFault injected{E_FAIL, KORFault::Kind::Raised, KORFault::Life::Always,
+                          std::make_exception_ptr(KORError(E_FAIL, "words"))};
+  session.InjectFault("KORSplitPath", injected);
+  const std::optional<KORFault> taken = session.TakeFault("KORSplitPath");
+  ASSERT_TRUE(taken.has_value());
+  EXPECT_EQ(taken->What, KORFault::Kind::Raised);
+  EXPECT_EQ(taken->Holds, KORFault::Life::Always);
+  EXPECT_EQ(taken->Error, injected.Error);
+}
+
+TEST(KORSessionTest, FaultOfAStatusLeavesNothingAndHoldsForAllCalls) {
+  KORSession session;
+  session.InjectFault("KORSplitPath", E_NOINTERFACE);
+  const std::optional<KORFault> taken = session.TakeFault("KORSplitPath");
+  ASSERT_TRUE(taken.has_value());
+  EXPECT_EQ(taken->Status, E_NOINTERFACE);
+  EXPECT_EQ(taken->What, KORFault::Kind::StatusAndNull);
+  EXPECT_EQ(taken->Holds, KORFault::Life::Always);
+}
+
+TEST(KORSessionTest, LaterFaultTakesThePlaceOfTheOneBefore) {
+  KORSession session;
+  session.InjectFault("KORSplitPath", KORFault{E_FAIL, KORFault::Kind::NullAlone, KORFault::Life::Once});
+  session.InjectFault("KORSplitPath", E_INVALIDARG);
+  EXPECT_EQ(Take(session, "KORSplitPath"), E_INVALIDARG);
+  EXPECT_EQ(Take(session, "KORSplitPath"), E_INVALIDARG);
 }
 
 // Parts write down their end, and which session is the current one then.

@@ -10,6 +10,11 @@
 
 namespace {
 
+// A trace of a module, and what a static object ahead of it finds.
+const KORTrace* const before_its_making = KORTrace::Find("KORTraceTestModuleTrace");
+KORTrace trace_of_module("KORTraceTestModuleTrace", "Traces for a module", 1, "NOWHERE", 0);
+const KORTrace* const behind_its_making = KORTrace::Find("KORTraceTestModuleTrace");
+
 class KORTraceTest : public testing::Test {
  protected:
   void Redirect(KORTrace& trace) {
@@ -97,6 +102,59 @@ TEST_F(KORTraceTest, LinesOfThreadsStayWhole) {
   const std::set<std::string> kinds(Lines.begin(), Lines.end());
   EXPECT_EQ(kinds, (std::set<std::string>{std::string(40, 'a') + "\n", std::string(40, 'b') + "\n",
                                           std::string(40, 'c') + "\n", std::string(40, 'd') + "\n"}));
+}
+
+TEST_F(KORTraceTest, IsFoundByItsName) {
+  KORTrace first("KORFirstTrace", "", 1, "STDERR", 0);
+  KORTrace second("KORSecondTrace", "", 1, "STDERR", 0);
+  EXPECT_EQ(KORTrace::Find("KORFirstTrace"), &first);
+  EXPECT_EQ(KORTrace::Find("KORSecondTrace"), &second);
+  for (const char* const name : {"", "KORThirdTrace", "korfirsttrace", "KORFirstTrace "}) {
+    EXPECT_EQ(KORTrace::Find(name), nullptr) << name;
+  }
+}
+
+TEST_F(KORTraceTest, IsFoundFromItsMakingToItsEnd) {
+  EXPECT_EQ(KORTrace::Find("KORExampleTrace"), nullptr);
+  {
+    KORTrace trace("KORExampleTrace", "", 0, "NOWHERE", 0);
+    EXPECT_EQ(KORTrace::Find("KORExampleTrace"), &trace);
+  }
+  EXPECT_EQ(KORTrace::Find("KORExampleTrace"), nullptr);
+}
+
+TEST_F(KORTraceTest, IsFoundByStaticObjectsBehindIt) {
+  EXPECT_EQ(before_its_making, nullptr);
+  EXPECT_EQ(behind_its_making, &trace_of_module);
+}
+
+TEST_F(KORTraceTest, OfSeveralOfANameTheFirstOneIsFound) {
+  KORTrace first("KORExampleTrace", "", 1, "NOWHERE", 0);
+  {
+    const KORTrace second("KORExampleTrace", "", 1, "NOWHERE", 0);
+    EXPECT_EQ(KORTrace::Find("KORExampleTrace"), &first);
+  }
+  EXPECT_EQ(KORTrace::Find("KORExampleTrace"), &first);
+}
+
+TEST_F(KORTraceTest, ThatIsFoundCanBeRedirected) {
+  KORTrace trace("KORExampleTrace", "", 1, "NOWHERE", 0);
+  Redirect(*KORTrace::Find("KORExampleTrace"));
+  trace.TraPutLN("found");
+  EXPECT_EQ(Lines, std::vector<std::string>{"found\n"});
+}
+
+TEST_F(KORTraceTest, ThreadsMakeAndFindTheirOwn) {
+  std::vector<std::thread> threads;
+  for (const char* const name : {"KORTraceA", "KORTraceB", "KORTraceC", "KORTraceD"}) {
+    threads.emplace_back([name] {
+      for (int round = 0; round < 200; ++round) {
+        KORTrace trace(name, "", 1, "NOWHERE", 0);
+        EXPECT_EQ(KORTrace::Find(name), &trace);
+      }
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
 }
 
 }  // namespace

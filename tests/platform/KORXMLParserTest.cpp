@@ -364,4 +364,25 @@ TEST(KORXMLParserTest, FaultsOfTheSessionComeThroughWithoutAMessage) {
   EXPECT_EQ(parsed.Message, "");
 }
 
+TEST(KORXMLParserTest, ASourceFailsOnDemand) {
+  KORFreshSession session;
+  session.InjectFault("CreateInputSourceFromFile", E_NOINTERFACE);
+  const auto factory = KORIXMLSAX2Factory_var::Adopt(new KORIXMLSAX2Factory);
+  auto source = KORISAXInputSource_var::Adopt(new KORISAXInputSource("before", ""));
+  EXPECT_EQ(factory->CreateInputSourceFromFile("file.xml", "", source), E_NOINTERFACE);
+  EXPECT_TRUE(source.IsNull());
+}
+
+TEST(KORXMLParserTest, AFaultThatReadsTheFileAllTheSameLeavesNoMessage) {
+  KORFreshSession session;
+  session.InjectFault("Parse", KORFault{E_FAIL, KORFault::Kind::StatusAlone});
+  const Parsed well_formed = ParseText("<A/>");
+  EXPECT_EQ(well_formed.Status, E_FAIL);
+  EXPECT_FALSE(well_formed.Document.IsNull());
+  EXPECT_EQ(well_formed.Message, "");
+  const Parsed ill_formed = ParseText("<A>");
+  EXPECT_TRUE(ill_formed.Document.IsNull());
+  EXPECT_EQ(ill_formed.Message, "");
+}
+
 }  // namespace

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <initializer_list>
+#include <string>
 #include <utility>
 
 #include "platform/base/KORHandle.h"
@@ -39,7 +40,27 @@ class AnalysesQueryTest : public testing::Test {
     return KORBaseUnknown_var::Adopt(element);
   }
 
+  // The identifiers of the listed analyses, with a blank behind each; the list is filled anew.
+  static std::string Listed(const KORListValKORBaseUnknown_var& list) {
+    std::string identifiers;
+    for (const KORBaseUnknown_var& object : list) {
+      const auto value = KORIValue_var::Adopt(KORIInstance_var(object)->GetAttribute("PLM_ExternalID"));
+      KORUnicodeString identifier;
+      EXPECT_EQ(value->GetText(identifier), S_OK);
+      identifiers.append(identifier.Bytes()).append(" ");
+    }
+    return identifiers;
+  }
+
+  // The identifiers of the analyses that the set finds.
+  std::string FindAll(const VEXSTTAdpIdentificationSet& set, long status = S_OK) {
+    EXPECT_EQ(VEXSTTAnalysesQueryServices::GetElementsFromAttributes(set, _List, _Bag), status);
+    return Listed(_List);
+  }
+
   const KORFreshSession _Session;
+  KOROmbLifeCycleRootsBag _Bag;
+  KORListValKORBaseUnknown_var _List;
 };
 
 TEST_F(AnalysesQueryTest, FindsByOneAttribute) {
@@ -119,6 +140,65 @@ TEST_F(AnalysesQueryTest, FaultsLeaveNothing) {
   EXPECT_EQ(set.GetAttributes().size(), 1u);
   KORSession::Current().InjectFault("GetElementByIdentificationSet", E_NOINTERFACE);
   Find(set, E_NOINTERFACE);
+}
+
+TEST_F(AnalysesQueryTest, FindsAllInTheOrderOfTheirMaking) {
+  Create("TA 3", {{"revision", "A"}});
+  Create("TA 1", {{"revision", "B"}});
+  Create("TA 2", {{"revision", "A"}});
+  EXPECT_EQ(FindAll(SetOf({{"revision", "A"}})), "TA 3 TA 2 ");
+  EXPECT_EQ(_Bag.Size(), 2);
+}
+
+TEST_F(AnalysesQueryTest, FindsAllOfOneIdentifier) {
+  const Analysis_var first = Create("TA");
+  Create("TB");
+  Create("TA");
+  EXPECT_EQ(FindAll(SetOf({{"PLM_ExternalID", "TA"}})), "TA TA ");
+  EXPECT_TRUE(_List[1] == first);
+}
+
+TEST_F(AnalysesQueryTest, FindingNoneOfAllIsASuccess) {
+  Create("TA");
+  _List.Append(NULL_var);
+  EXPECT_EQ(FindAll(SetOf({{"PLM_ExternalID", "TB"}})), "");
+  EXPECT_EQ(FindAll(SetOf({{"PLM_ExternalID", ""}})), "");
+  EXPECT_EQ(_Bag.Size(), 0);
+}
+
+TEST_F(AnalysesQueryTest, AnEmptySetFindsNone) {
+  Create("TA");
+  _List.Append(NULL_var);
+  EXPECT_EQ(FindAll(VEXSTTAdpIdentificationSet(), E_INVALIDARG), "");
+  EXPECT_EQ(_Bag.Size(), 0);
+}
+
+TEST_F(AnalysesQueryTest, GivesAllAnalysesAndNothingElse) {
+  Create("TA 2");
+  KORModel::Current().CreateOtherRepReference("shape");
+  KORModel::Current().CreateOperation("OP");
+  Create("TA 1");
+  _List.Append(NULL_var);
+  EXPECT_EQ(VEXSTTAnalysesQueryServices::GetAllTimeAnalysis(_List, _Bag), S_OK);
+  EXPECT_EQ(Listed(_List), "TA 2 TA 1 ");
+  const KORFreshSession other;
+  EXPECT_EQ(VEXSTTAnalysesQueryServices::GetAllTimeAnalysis(_List, _Bag), S_OK);
+  EXPECT_EQ(_List.Size(), 0);
+}
+
+TEST_F(AnalysesQueryTest, TheBagKeepsWhatWasFoundAlive) {
+  const long before = KORBaseUnknown::CountLiveObjects();
+  {
+    KOROmbLifeCycleRootsBag bag;
+    {
+      const KORFreshSession ended;
+      Create("TA");
+      KORListValKORBaseUnknown_var found;
+      EXPECT_EQ(VEXSTTAnalysesQueryServices::GetAllTimeAnalysis(found, bag), S_OK);
+    }
+    EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before + 1);
+  }
+  EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before);
 }
 
 }  // namespace

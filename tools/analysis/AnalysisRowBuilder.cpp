@@ -21,9 +21,9 @@ constexpr std::string_view OutsideTotals = "*";
 constexpr std::string_view NoCode = " ";
 
 // Columns that a row with nothing but a text leaves empty.
-constexpr std::array TimeColumns{Column::Code,   Column::Frequency, Column::TimeType,  Column::Time, Column::Seconds,
-                                 Column::System, Column::Reuse,     Column::Signature, Column::Body, Column::Values,
-                                 Column::Recorded};
+constexpr std::array TimeColumns{Column::Code,    Column::Frequency, Column::TimeType, Column::Time,
+                                 Column::Seconds, Column::System,    Column::Reuse,    Column::Signature,
+                                 Column::Body,    Column::Values,    Column::Recorded};
 
 struct TimeTypeName {
   std::string_view Written;  // in capital letters

@@ -5,6 +5,7 @@
 #include "tools/NumberText.h"
 #include "tools/analysis/CalcReport.h"
 #include "tools/analysis/CsvField.h"
+#include "tools/analysis/TimeJson.h"
 
 namespace tool {
 
@@ -25,14 +26,6 @@ std::string_view NameOf(RowState state) {
       break;
   }
   return "flawed";
-}
-
-nlohmann::ordered_json TimeJson(const std::optional<double>& tmu, const VEXSTMTimeAnalysisDlgServices& services) {
-  if (!tmu) return nullptr;
-  nlohmann::ordered_json time;
-  time["tmu"] = JsonNumber(ResultUnit(services, "tmu").Convert(*tmu));
-  time["seconds"] = JsonNumber(ResultUnit(services, "s").Convert(*tmu));
-  return time;
 }
 
 nlohmann::ordered_json LineJson(const ResultLine& line, const VEXSTMTimeAnalysisDlgServices& services) {
@@ -66,10 +59,6 @@ void WriteResultJson(std::ostream& output, const AnalysisResult& result,
                      const VEXSTMTimeAnalysisDlgServices& services) {
   nlohmann::ordered_json lines = nlohmann::ordered_json::array();
   for (const ResultLine& line : result.Lines) lines.push_back(LineJson(line, services));
-  nlohmann::ordered_json totals;
-  for (std::size_t index = 0; index < TotalNames.size(); ++index) {
-    totals[std::string(TotalNames[index])] = TimeJson(result.TotalsTmu[index], services);
-  }
   nlohmann::ordered_json json;
   json["file"] = result.Path;
   json["identifier"] = result.Identifier;
@@ -79,7 +68,7 @@ void WriteResultJson(std::ostream& output, const AnalysisResult& result,
   json["system"] = result.System;
   json["complete"] = result.IsComplete;
   json["lines"] = std::move(lines);
-  json["totals"] = std::move(totals);
+  json["totals"] = TotalsJson(result.TotalsTmu, services);
   WriteJsonLine(output, json);
 }
 

@@ -60,8 +60,8 @@ class CsvReader {
   void TakeLineEnd();
   bool AtLineEnd() const;
 
-  std::string_view _Text;   // without the byte order mark
-  std::size_t _Ahead = 0;   // bytes of that mark
+  std::string_view _Text;  // without the byte order mark
+  std::size_t _Ahead = 0;  // bytes of that mark
   std::size_t _Place = 0;
   std::size_t _Line = 1;
   char _Separator = '\0';  // not yet known

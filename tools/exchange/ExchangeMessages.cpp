@@ -7,7 +7,8 @@ namespace tool {
 
 namespace {
 
-constexpr std::size_t MostListed = 12;  // names or rows in a message
+constexpr std::size_t MostListed = 12;          // names or rows in a message
+constexpr std::size_t MostLossesTold = 10'000;  // of one analysis
 
 Failure Finding(const std::string& text) {
   return {ExitStatus::Finding, text};
@@ -267,6 +268,16 @@ Failure ValueLost(const ExchangedAnalysis& analysis, const Loss& loss, std::stri
 
 Failure MoreValuesLost(const ExchangedAnalysis& analysis, std::size_t count) {
   return Finding(analysis.Source + ": " + std::to_string(count) + " more values do not come back");
+}
+
+std::vector<Failure> ValuesLost(const ExchangedAnalysis& analysis, const std::vector<Loss>& losses,
+                                std::string_view form) {
+  std::vector<Failure> told;
+  for (std::size_t index = 0; index < std::min(losses.size(), MostLossesTold); ++index) {
+    told.push_back(ValueLost(analysis, losses[index], form));
+  }
+  if (losses.size() > MostLossesTold) told.push_back(MoreValuesLost(analysis, losses.size() - MostLossesTold));
+  return told;
 }
 
 Failure LeftOutOfForm(const ExchangedAnalysis& analysis, const std::set<std::string>& attributes,

@@ -61,6 +61,9 @@ Failure ReferenceUnresolved(const std::string& path, int row, std::string_view i
 // What a form cannot hold.
 Failure ValueLost(const ExchangedAnalysis& analysis, const Loss& loss, std::string_view form);
 Failure MoreValuesLost(const ExchangedAnalysis& analysis, std::size_t count);
+/// Each of them; of very many the first ones, and the number of the others.
+std::vector<Failure> ValuesLost(const ExchangedAnalysis& analysis, const std::vector<Loss>& losses,
+                                std::string_view form);
 Failure LeftOutOfForm(const ExchangedAnalysis& analysis, const std::set<std::string>& attributes,
                       const std::set<std::string>& keys, std::string_view form);
 Failure RowsLeftOutOfForm(const ExchangedAnalysis& analysis, std::string_view what, const std::set<int>& rows,

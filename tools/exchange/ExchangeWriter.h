@@ -10,11 +10,10 @@
 #include "tools/Catalogue.h"
 #include "tools/CommandLine.h"
 #include "tools/analysis/AnalysisBuilder.h"
-#include "tools/analysis/CodeBook.h"
 #include "tools/exchange/ExchangeVocabulary.h"
 #include "tools/exchange/ExchangedAnalysis.h"
+#include "tools/exchange/FileForm.h"
 #include "tools/exchange/JsonWriter.h"
-#include "tools/exchange/Losses.h"
 #include "tools/exchange/OutputFolder.h"
 
 namespace tool {
@@ -45,8 +44,6 @@ class ExchangeWriter {
   std::string StreamTextOf(const ExchangedAnalysis& analysis);
   std::string ListTextOf(const ExchangedAnalysis& analysis);
   std::string JsonTextOf(const ExchangedAnalysis& analysis);
-  std::string FileTextOf(const ExchangedAnalysis& analysis, const ReusedAnalyses& reused);
-  void TellLosses(const ExchangedAnalysis& analysis, const std::vector<Loss>& losses);
   void TellLoss(const Failure& loss);
   void TellShadowedReuse();
   bool MayBeWritten();
@@ -59,8 +56,7 @@ class ExchangeWriter {
   ExchangeVocabulary& _Vocabulary;
   Answers& _Answers;
   std::unique_ptr<JsonWriter> _Json;  // if it is the form
-  CodeBook _Codes;
-  AnalysisBuilder _Builder;  // reads back what is written for calc
+  FileForm _FileForm;
   std::vector<Document> _Documents;
 };
 

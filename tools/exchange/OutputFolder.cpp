@@ -25,6 +25,7 @@ namespace {
 
 constexpr mode_t AnybodyUpToTheMask = 0777;
 constexpr mode_t AnybodyReadsUpToTheMask = 0666;
+constexpr mode_t AllPermissions = 0777;
 
 std::string CauseOf(int error) {
   return std::generic_category().message(error);
@@ -94,6 +95,13 @@ bool Place(int folder, const char* temporary, const char* name, OutputFolder::Pr
   return true;
 }
 
+// A file that takes the place of another one may be read and written by the same people.
+void TakePermissions(int folder, const std::string& name, const Descriptor& file) {
+  struct stat present {};
+  if (fstatat(folder, name.c_str(), &present, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISREG(present.st_mode)) return;
+  (void)fchmod(file.Get(), present.st_mode & AllPermissions);
+}
+
 // Writes the file in an open folder; 0, or the error.
 int WriteIn(int folder, const std::string& name, std::string_view content, OutputFolder::Present present) {
   const std::string temporary = TemporaryName();
@@ -101,6 +109,7 @@ int WriteIn(int folder, const std::string& name, std::string_view content, Outpu
   Descriptor file(
       openat(folder, temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, AnybodyReadsUpToTheMask));
   if (!file.IsOpen()) return errno;
+  if (present == OutputFolder::Present::Replaced) TakePermissions(folder, name, file);
   const bool done = WriteAll(file, content) && file.Close() && Place(folder, temporary.c_str(), name.c_str(), present);
   const int error = done ? 0 : errno;
   if (!done) (void)unlinkat(folder, temporary.c_str(), 0);

@@ -16,7 +16,7 @@ namespace tool {
 /// links that stand in the folder are not followed.
 class OutputFolder {
  public:
-  /// What becomes of a file that is already there.
+  /// What becomes of a file that is already there. One that is replaced hands its permissions on.
   enum class Present { Kept, Replaced };
 
   /// path       the folder; it is made, with those above it, when the first file is written

@@ -20,6 +20,8 @@ namespace {
 
 namespace files = std::filesystem;
 
+using Tell = std::function<void(const Failure&)>;
+
 constexpr std::string_view Extension = ".stream";
 constexpr const char* InputName = "standard input";
 constexpr const char* InputIdentifier = "standard-input";
@@ -32,7 +34,7 @@ std::string TextOfName(const std::string& name) {
 
 class StreamFinder {
  public:
-  explicit StreamFinder(Answers& answers) : _Answers(answers) {}
+  explicit StreamFinder(const Tell& tell) : _Tell(tell) {}
 
   void Add(const std::string& path) {
     std::error_code error;
@@ -40,7 +42,7 @@ class StreamFinder {
     if (path == "-") {
       _Found.push_back({InputName, InputIdentifier, true, false});
     } else if (status.type() == files::file_type::not_found) {
-      _Answers.Tell(NoSuchStreamOrFolder(path));
+      _Tell(NoSuchStreamOrFolder(path));
     } else if (status.type() == files::file_type::directory) {
       AddFolder(path);
     } else {
@@ -55,21 +57,21 @@ class StreamFinder {
     bool any_unreadable = false;
     const std::vector<std::string> paths =
         FilesBelow(folder, Extension, [&](const std::string& unreadable, const std::string& cause) {
-          _Answers.Tell(FolderNotReadable(unreadable, cause));
+          _Tell(FolderNotReadable(unreadable, cause));
           any_unreadable = true;
         });
-    if (paths.empty() && !any_unreadable) _Answers.Tell(StreamFolderEmpty(folder));
+    if (paths.empty() && !any_unreadable) _Tell(StreamFolderEmpty(folder));
     const std::string canonical = CanonicalPath(folder);
     for (const std::string& path : paths) {
       if (LeadsOutOf(canonical, path)) {
-        _Answers.Tell(StreamOutsideFolder(path, folder));
+        _Tell(StreamOutsideFolder(path, folder));
       } else {
         _Found.push_back({path, TextOfName(WithoutExtension(PathFrom(folder, path), Extension))});
       }
     }
   }
 
-  Answers& _Answers;
+  const Tell& _Tell;
   std::vector<StreamInput> _Found;
 };
 
@@ -96,8 +98,8 @@ std::string ReadInput(const StreamInput& input, std::istream& stream) {
 
 }  // namespace
 
-std::vector<StreamInput> FindStreams(const CommandLine& line, Answers& answers) {
-  StreamFinder finder(answers);
+std::vector<StreamInput> FindStreams(const CommandLine& line, const Tell& tell) {
+  StreamFinder finder(tell);
   for (const std::string& path : line.Texts) finder.Add(path);
   std::vector<StreamInput> found = finder.Take();
   if (!line.Identifier.empty()) {
@@ -112,9 +114,9 @@ std::vector<StreamInput> FindStreams(const CommandLine& line, Answers& answers) 
   for (const StreamInput& input : found) {
     const auto [owner, is_new] = owners.emplace(input.Identifier, input.Path);
     if (!IsUsable(input.Identifier)) {
-      answers.Tell(StreamIdentifierNotUsable(input.Path, input.Identifier));
+      tell(StreamIdentifierNotUsable(input.Path, input.Identifier));
     } else if (!is_new) {
-      answers.Tell(StreamIdentifierShared(input.Path, input.Identifier, owner->second));
+      tell(StreamIdentifierShared(input.Path, input.Identifier, owner->second));
     } else {
       usable.push_back(input);
     }

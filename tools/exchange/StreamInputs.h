@@ -1,11 +1,12 @@
 // The streams that a command is given: files, folders of them, and standard input.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
-#include "tools/Answers.h"
 #include "tools/CommandLine.h"
+#include "tools/Messages.h"
 #include "tools/Surroundings.h"
 
 namespace tool {
@@ -18,11 +19,11 @@ struct StreamInput {
 };
 
 /// The streams in the order of the command line; those of a folder, and of folders in it, are the files whose names end
-/// in ".stream". What cannot be found goes to `answers`.
+/// in ".stream". `tell` is called with each cause for which one is left out.
 ///
 /// An analysis is called by the name of its file without the extension, in a folder by its path from there; the one of
 /// standard input "standard-input". --identifier names another for a single one. Raises IdentifierOfSeveral.
-std::vector<StreamInput> FindStreams(const CommandLine& line, Answers& answers);
+std::vector<StreamInput> FindStreams(const CommandLine& line, const std::function<void(const Failure&)>& tell);
 
 /// The bytes of a stream. Raises StreamNotReadable and StreamTooLong.
 std::string ReadStreamBytes(const StreamInput& input, const Surroundings& surroundings);

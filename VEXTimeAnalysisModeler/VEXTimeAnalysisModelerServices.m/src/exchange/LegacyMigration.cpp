@@ -3,11 +3,11 @@
 
 #include <utility>
 
+#include "VEXSTTProvider.h"
 #include "exchange/ItemText.h"
 #include "exchange/LegacyStream.h"
 #include "exchange/WriteIn.h"
 #include "objects/OperationWalk.h"
-#include "objects/RepresentationMaking.h"
 #include "platform/base/KORStatus.h"
 #include "platform/knowledge/KORCkeGlobalFunctions.h"
 #include "platform/model/KORIPLMNavOccurrence.h"
@@ -45,8 +45,8 @@ class Migration {
       if (reference.Get().IsNull()) return true;
       operation = reference.Get();
     }
-    const KORBaseUnknown_var old_analysis = objects::AnalysisOfOperation(operation);
-    _Status = old_analysis.IsNull() ? E_FAIL : S_OK;
+    KORBaseUnknown_var old_analysis;
+    _Status = VEXSTTProvider::CheckExsistingRepRef(operation, old_analysis);
     return old_analysis.IsNull() || Migrate(operation, old_analysis);
   }
 
@@ -64,10 +64,11 @@ class Migration {
         FirstAttributes(KORCkeGlobalFunctions::GetVolatileFactory(), PropertyOf(properties, "PLM_ExternalID"),
                         PropertyOf(properties, "V_Subsystem"));
     KORBaseUnknown_var new_analysis;
-    _Status = objects::MakeRepresentation(new_analysis, attributes, {}, nullptr);
+    // They are handed over as the attributes that can be written, which a new analysis does not get.
+    _Status = VEXSTTProvider::CreateNewFactoryRepRef(new_analysis, attributes, {}, nullptr);
     if (Failed(_Status) || new_analysis.IsNull()) return true;
-    (void)objects::DetachAnalysis(operation);
-    (void)objects::AttachRepresentation(operation, new_analysis);
+    (void)VEXSTTProvider::RemoveRepRef(operation);
+    (void)VEXSTTProvider::InstanciateNewRepRef(operation, new_analysis);
     _Status = WriteIn(items, new_analysis);
     return true;
   }

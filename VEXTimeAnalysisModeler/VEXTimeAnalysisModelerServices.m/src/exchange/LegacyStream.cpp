@@ -1,5 +1,5 @@
-// The stream that a legacy representation carries: a file; a fixed text in a session that is captured or replayed, which
-// has to run alike everywhere and reads no file.
+// The stream that a legacy representation carries: a file; a fixed text in a session that is captured or replayed,
+// which has to run alike everywhere and reads no file.
 #include "exchange/LegacyStream.h"
 
 #include <cstddef>

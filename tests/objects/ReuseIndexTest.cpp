@@ -1,0 +1,101 @@
+// The end of a table whose values are lists of objects.
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "VEXSTTApplicativeContainerServices.h"
+#include "tests/objects/ObjectsTest.h"
+
+namespace {
+
+using objectstest::NewAnalysis;
+using support::TimeAnalysis_var;
+using Services = VEXSTTApplicativeContainerServices;
+
+// A list on the heap, with a reference for each entry that is not null.
+KORRawCollPV* NewList(const std::vector<KORBaseUnknown_var>& objects) {
+  auto* const list = new KORRawCollPV;
+  for (const KORBaseUnknown_var& object : objects) {
+    if (!object.IsNull()) (void)object->AddRef();
+    list->Append(object.Get());
+  }
+  return list;
+}
+
+unsigned long ReferencesTo(const TimeAnalysis_var& analysis) {
+  (void)analysis->AddRef();
+  return analysis->Release();
+}
+
+class ReuseIndexTest : public objectstest::ObjectsTest {
+ protected:
+  // Ends the table.
+  void Clean() {
+    EXPECT_EQ(Services::CleanHashObjectWithListValues(_Table), S_OK);
+    EXPECT_EQ(_Table, nullptr);
+  }
+
+  KORHashObject* _Table = new KORHashObject(200);
+};
+
+TEST_F(ReuseIndexTest, ATableWithoutEntriesIsFreed) {
+  Clean();
+}
+
+TEST_F(ReuseIndexTest, NoTableIsRefused) {
+  Clean();
+  EXPECT_EQ(Services::CleanHashObjectWithListValues(_Table), E_INVALIDARG);
+  EXPECT_EQ(_Table, nullptr);
+}
+
+TEST_F(ReuseIndexTest, EachEntryOfEachListIsReleased) {
+  const auto grip = NewAnalysis("Grip");
+  const auto pick = NewAnalysis("Pick");
+  const auto place = NewAnalysis("Place");
+  const unsigned long of_grip = ReferencesTo(grip), of_pick = ReferencesTo(pick), of_place = ReferencesTo(place);
+  _Table->Put(grip.Get(), NewList({pick, pick, place}));
+  _Table->Put(pick.Get(), NewList({place}));
+  EXPECT_EQ(ReferencesTo(pick), of_pick + 2);
+  Clean();
+  EXPECT_EQ(ReferencesTo(grip), of_grip);
+  EXPECT_EQ(ReferencesTo(pick), of_pick);
+  EXPECT_EQ(ReferencesTo(place), of_place);
+}
+
+TEST_F(ReuseIndexTest, NullsAndEmptyListsAreLeftOut) {
+  const auto grip = NewAnalysis("Grip");
+  const auto pick = NewAnalysis("Pick");
+  const unsigned long of_pick = ReferencesTo(pick);
+  _Table->Put(grip.Get(), NewList({nullptr, pick, nullptr}));
+  _Table->Put(pick.Get(), NewList({}));
+  _Table->Put(nullptr, NewList({pick}));
+  _Table->Put(&_Table, nullptr);
+  Clean();
+  EXPECT_EQ(ReferencesTo(pick), of_pick);
+}
+
+TEST_F(ReuseIndexTest, AWalkUnderWayDoesNotHideEntries) {
+  const auto grip = NewAnalysis("Grip");
+  const auto pick = NewAnalysis("Pick");
+  const unsigned long of_pick = ReferencesTo(pick);
+  _Table->Put(grip.Get(), NewList({pick}));
+  _Table->Begin();
+  void* key = nullptr;
+  void* value = nullptr;
+  EXPECT_EQ(_Table->Next(key, value), 1);
+  EXPECT_EQ(_Table->Next(key, value), 0);
+  Clean();
+  EXPECT_EQ(ReferencesTo(pick), of_pick);
+}
+
+TEST_F(ReuseIndexTest, ObjectsThatOnlyTheTableHoldsEnd) {
+  const long before = KORBaseUnknown::CountLiveObjects();
+  auto* const list = new KORRawCollPV;
+  for (int number = 0; number < 3; ++number) list->Append(new KORBaseUnknown);
+  _Table->Put(list, list);
+  EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before + 3);
+  Clean();
+  EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before);
+}
+
+}  // namespace
