@@ -53,7 +53,8 @@ class World {
  private:
   void Add(int index, const std::vector<int>& reused) {
     const std::string identifier = "TA " + std::to_string(index);
-    const Analysis_var analysis = KORModel::Current().CreateTimeAnalysis(KORUnicodeString(std::string_view(identifier)));
+    const Analysis_var analysis =
+        KORModel::Current().CreateTimeAnalysis(KORUnicodeString(std::string_view(identifier)));
     (void)analysis->SetValue("TotalCalculated", 100.0);
     for (std::size_t row = 1; row <= LinesOfAnalysis; ++row) {
       const KORBaseUnknown_var of_row =

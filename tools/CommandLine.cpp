@@ -37,9 +37,19 @@ above 0 a syntax error, the place just behind the last token read.
 constexpr HelpText CalcHelp{"Computes analyses from CSV files: lines, times and totals",
                             R"(A file holds one analysis: a header row that names its columns (code, frequency,
 time type, description, time, seconds, system, reuse, signature, body, values,
-value added, additional description, picture), and one row for each line.
+value added, additional description, picture, recorded), and one row for each
+line.
 "# system: MTM1" ahead of the header names its system. Of a folder all files
 whose names end in ".csv" are computed, those in its folders too.
+)"};
+
+constexpr HelpText ImpactHelp{"Tells what the change of an analysis touches, and brings it up to date",
+                              R"(Lists all analyses in the folder that reuse the template, at any level: where,
+and their totals before and behind its change. With --apply recorded times
+(column "recorded") of changed analyses are taken over: files are changed.
+
+Exit status 3: stopped while files were changed; each is whole, and listed as
+new or old.
 )"};
 
 constexpr HelpText ExportHelp{"Writes analyses as streams, lists, JSON or CSV files",
@@ -52,6 +62,13 @@ constexpr HelpText ImportHelp{"Reads analyses from streams and writes them as CS
                               R"(A file is one stream; of a folder all files whose names end in ".stream" are
 read, those in its folders too. Times stay as they come. Items that cannot be
 read, and values that do not come over, are told, and nothing is written.
+)"};
+
+constexpr HelpText MigrateHelp{"Brings streams of old systems over to CSV files, and reports on each",
+                               R"(Takes files and folders as import does; each stream is migrated by itself, and
+those that cannot be are skipped with their cause. Attributes and columns that the
+exchange does not know are reported. Files that are there with the same content
+stay, so that a migration can be run again.
 )"};
 
 constexpr HelpText CodeHelp{"Looks codes up in the catalogue of a motion-time system",
@@ -136,8 +153,10 @@ CLI::App* AddCommand(CLI::App& parent, const char* name, const HelpText& help) {
 // The commands under the program's name; what is chosen is told by got_subcommand.
 struct Commands {
   CLI::App* Calc;
+  CLI::App* Impact;
   CLI::App* Export;
   CLI::App* Import;
+  CLI::App* Migrate;
   CLI::App* Eval;
   CLI::App* Code;
   CLI::App* Norm;
@@ -163,16 +182,49 @@ void AddAnalysisOptions(CLI::App& command, CommandLine& line) {
   command.add_option("--model", line.Model, "Folder up to which reused analyses are looked for")->type_name("FOLDER");
 }
 
+void AddUnit(CLI::App& command, CommandLine& line) {
+  command.add_option("--unit", line.Unit, "Unit of the times: tmu (unless given), s, min, h or mod (0.129 s)")
+      ->type_name("UNIT")
+      ->check(CLI::IsMember({"tmu", "s", "min", "h", "mod"}));
+}
+
 CLI::App* AddCalcCommand(CLI::App& app, CommandLine& line) {
   CLI::App* command = AddCommand(app, "calc", CalcHelp);
   AddAnalysisOptions(*command, line);
-  command->add_option("--unit", line.Unit, "Unit of the times: tmu (unless given), s, min, h or mod (0.129 s)")
-      ->type_name("UNIT")
-      ->check(CLI::IsMember({"tmu", "s", "min", "h", "mod"}));
+  AddUnit(*command, line);
   AddCatalogueOptions(*command, line);
   command->add_flag("--csv", line.Csv, "Comma-separated values, a row for each line and each total");
   AddJson(*command, line);
   return command;
+}
+
+CLI::App* AddImpactCommand(CLI::App& app, CommandLine& line) {
+  CLI::App* command = AddCommand(app, "impact", ImpactHelp);
+  command->add_option("FOLDER", line.Texts, "Folder of analyses: the template, and all that may reuse it")
+      ->required()
+      ->expected(1)
+      ->type_name("");
+  command->add_option("--template", line.Template, "Identifier of the analysis that has changed")
+      ->required()
+      ->type_name("ID");
+  command->add_flag("--apply", line.Apply, "Change the files; unless given, nothing is written");
+  command->add_option("--system", line.System, "Motion-time system of analyses that name none")->type_name("SYSTEM");
+  AddUnit(*command, line);
+  AddCatalogueOptions(*command, line);
+  command->add_flag("--csv", line.Csv, "Comma-separated values, a row for each use and each total");
+  AddJson(*command, line);
+  return command;
+}
+
+// Options of commands that write a file for each analysis. Returns that of the folder.
+CLI::Option* AddFolderOptions(CLI::App& command, CommandLine& line) {
+  CLI::Option* const folder =
+      command
+          .add_option("--into", line.Into, "Folder to write a file into for each analysis, called by its identifier")
+          ->type_name("FOLDER");
+  command.add_flag("--force", line.Force, "Replace files that are there already");
+  command.add_flag("--lossy", line.Lossy, "Write what the form can hold, though it cannot hold all");
+  return folder;
 }
 
 // Options of commands that write forms of the exchange.
@@ -180,10 +232,7 @@ void AddFormOptions(CLI::App& command, CommandLine& line, const std::string& for
   command.add_option("--format", line.Format, "What is written: " + format + " unless given")
       ->type_name("FORM")
       ->check(CLI::IsMember({"list", "stream", "json", "csv"}));
-  command.add_option("--into", line.Into, "Folder to write a file into for each analysis, called by its identifier")
-      ->type_name("FOLDER");
-  command.add_flag("--force", line.Force, "Replace files that are there already");
-  command.add_flag("--lossy", line.Lossy, "Write what the form can hold, though it cannot hold all");
+  AddFolderOptions(command, line);
 }
 
 CLI::App* AddExportCommand(CLI::App& app, CommandLine& line) {
@@ -205,6 +254,15 @@ CLI::App* AddImportCommand(CLI::App& app, CommandLine& line) {
   return command;
 }
 
+CLI::App* AddMigrateCommand(CLI::App& app, CommandLine& line) {
+  CLI::App* command = AddCommand(app, "migrate", MigrateHelp);
+  AddTexts(*command, line, "STREAM", "Streams, and folders of such files");
+  AddFolderOptions(*command, line)->required();
+  AddCatalogueOptions(*command, line);
+  AddJson(*command, line);
+  return command;
+}
+
 Commands AddCommands(CLI::App& app, CommandLine& line, std::string& folder) {
   Commands commands{};
   commands.Eval = AddCommand(app, "eval", EvalHelp);
@@ -221,8 +279,10 @@ Commands AddCommands(CLI::App& app, CommandLine& line, std::string& folder) {
   AddCatalogueOptions(*commands.Code, line);
 
   commands.Calc = AddCalcCommand(app, line);
+  commands.Impact = AddImpactCommand(app, line);
   commands.Export = AddExportCommand(app, line);
   commands.Import = AddImportCommand(app, line);
+  commands.Migrate = AddMigrateCommand(app, line);
 
   commands.Norm = AddCommand(app, "norm", NormHelp);
   AddSystem(*commands.Norm, line);
@@ -251,8 +311,10 @@ Commands AddCommands(CLI::App& app, CommandLine& line, std::string& folder) {
 
 Command Chosen(const Commands& commands) {
   if (commands.Calc->parsed()) return Command::Calc;
+  if (commands.Impact->parsed()) return Command::Impact;
   if (commands.Export->parsed()) return Command::Export;
   if (commands.Import->parsed()) return Command::Import;
+  if (commands.Migrate->parsed()) return Command::Migrate;
   if (commands.Code->parsed()) return Command::Code;
   if (commands.Norm->parsed()) return Command::Norm;
   if (commands.Pattern->parsed()) return Command::Pattern;
@@ -273,7 +335,10 @@ void TakeTextsFromInput(CommandLine& line, const std::string& command) {
   const auto dashes = std::count(line.Texts.begin(), line.Texts.end(), "-");
   if (line.Chosen == Command::Import && dashes > 1) throw InputTwice(command);
   if (line.Chosen == Command::Import || dashes == 0) return;
-  if (line.Chosen == Command::Calc || line.Chosen == Command::Export) throw DashIsNoFile(command);
+  if (line.Chosen == Command::Migrate) throw DashIsNoStream(command);
+  const bool reads_files =
+      line.Chosen == Command::Calc || line.Chosen == Command::Impact || line.Chosen == Command::Export;
+  if (reads_files) throw DashIsNoFile(command);
   if (line.Texts.size() > 1) throw DashNotAlone(command);
   line.FromInput = true;
   line.Texts.clear();
@@ -283,7 +348,8 @@ void TakeTextsFromInput(CommandLine& line, const std::string& command) {
 void RefuseEmptyValues(const CLI::App& app) {
   const CLI::App* command = &app;
   while (!command->get_subcommands().empty()) command = command->get_subcommands().front();
-  for (const char* name : {"--catalogue", "--settings", "--frequency", "--model", "--into", "--identifier", "FOLDER",
+  for (const char* name : {"--catalogue", "--settings", "--frequency", "--model", "--into", "--identifier", "--template",
+                           "FOLDER",
                            "SYSTEM", "--system"}) {
     const CLI::Option* option = command->get_option_no_throw(name);
     if (option == nullptr || option->count() == 0) continue;
@@ -294,7 +360,7 @@ void RefuseEmptyValues(const CLI::App& app) {
 }
 
 void FinishCommandLine(CommandLine& line, std::string& folder, const std::string& command) {
-  for (std::string* text : {&line.Catalogue, &line.Settings, &line.System, &line.Model, &line.Into, &line.Identifier,
+  for (std::string* text : {&line.Catalogue, &line.Settings, &line.System, &line.Model, &line.Into, &line.Identifier, &line.Template,
                             &line.Pattern, &line.Frequency, &folder}) {
     Unshield(*text);
   }

@@ -7,7 +7,7 @@
 
 namespace tool {
 
-enum class Command { Calc, Impact, Export, Import, Eval, Code, Norm, Pattern, CatalogueList, CatalogueCheck };
+enum class Command { Calc, Impact, Export, Import, Migrate, Eval, Code, Norm, Pattern, CatalogueList, CatalogueCheck };
 
 struct CommandLine {
   Command Chosen = Command::Eval;

@@ -11,6 +11,7 @@ void RunCalc(const CommandLine& line, const Surroundings& surroundings, Answers&
 void RunImpact(const CommandLine& line, const Surroundings& surroundings, Answers& answers);
 void RunExport(const CommandLine& line, const Surroundings& surroundings, Answers& answers);
 void RunImport(const CommandLine& line, const Surroundings& surroundings, Answers& answers);
+void RunMigrate(const CommandLine& line, const Surroundings& surroundings, Answers& answers);
 void RunEval(const CommandLine& line, const Surroundings& surroundings, Answers& answers);
 void RunCode(const CommandLine& line, const Surroundings& surroundings, Answers& answers);
 void RunNorm(const CommandLine& line, const Surroundings& surroundings, Answers& answers);

@@ -27,6 +27,8 @@ void RunCommand(const CommandLine& line, const Surroundings& surroundings, Answe
       return RunExport(line, surroundings, answers);
     case Command::Import:
       return RunImport(line, surroundings, answers);
+    case Command::Migrate:
+      return RunMigrate(line, surroundings, answers);
     case Command::Code:
       return RunCode(line, surroundings, answers);
     case Command::Norm:

@@ -11,7 +11,8 @@
 /// is asked. A key stands once; the first component under it stays until it is forgotten.
 /// VEXSTTProvider::GetSessionServicesMgr gives the one of the process.
 ///
-/// Threads: the table is guarded. A component is to be asked for on the thread of its own session.
+/// Threads: the table is guarded. A component is to be asked for on the thread of its own session; who asks for all of
+/// them asks for those of every session.
 class VEXTIMEANALYSISMODELER_API VEXITimeAnalysisSessionServicesMgr : public virtual KORBaseUnknown {
  public:
   VEXITimeAnalysisSessionServicesMgr() = default;

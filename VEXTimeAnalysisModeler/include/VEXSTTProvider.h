@@ -70,7 +70,7 @@ class VEXTIMEANALYSISMODELER_API VEXSTTProvider : public KORBaseUnknown {
   ///
   /// S_OK; E_FAIL for null. The status of the opening service or of the opening if that fails or opens to none or to
   /// several, with `analysis` left as it was. For an object opened that is no time analysis the status of asking it for
-  /// KORIPLMComponent.
+  /// KORIPLMComponent: S_OK for another component.
   static long GetTARepRefFromPLMComponent(KORIPLMComponent* component, VEXITimeAnalysisRepReference_var& analysis);
 
   /// The time analysis under the operation of an occurrence; null for null, for an object that is no occurrence, and if

@@ -45,7 +45,7 @@ class KORPLATFORM_API KORAdpVersioningInfo {
       : _Element(element), _Major(is_last_major) {}
 
   /// element  [out] which object this is of, with a reference that the caller releases; null on failure
-  /// S_OK.
+  /// S_OK; E_FAIL if it was made without one.
   long GetElement(KORIAdpPLMIdentificator*& element) const;
   /// S_OK; `information` is left as it was on failure.
   long GetMajorVersioningInformation(KORAdpMajorInformation& information) const;

@@ -52,8 +52,8 @@ class KORIOmiSwitchEngine : public KORInterface<KORIOmiSwitchEngine> {
   virtual long AddSwitchComponent(KORBaseUnknown* object) = 0;
   /// The last rule of the set holds. S_OK.
   virtual long SetLoadingRules(const KOROmbLoadingModeRuleSet& rules) = 0;
-  /// Appends what is to be done; the engine owns the entries. S_OK; E_FAIL, with nothing appended, without an object or
-  /// without a rule, and for another mode than "Authoring_Mode".
+  /// Appends what is to be done; the entries are the engine's, and live as long as it does. S_OK; E_FAIL, with nothing
+  /// appended, without an object or without a rule, and for another mode than "Authoring_Mode".
   virtual long PrepareSwitch(KORListPtrKOROmiSwitchOperation& operations) = 0;
   /// Does what was prepared (KORRepContent::LoadingMode) and appends what was done. S_OK; E_FAIL, with nothing changed,
   /// if nothing was prepared, and if an object is no representation reference.

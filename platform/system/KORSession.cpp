@@ -72,8 +72,7 @@ KORSettingRepository* KORSession::FindRepository(const KORUnicodeString& name) {
   return found == _Repositories.end() ? nullptr : found->second.get();
 }
 
-std::optional<KORFault> KORSession::TakeFault(const char* operation) {
-  if (_Faults.empty()) return std::nullopt;
+std::optional<KORFault> KORSession::TakeInjected(const char* operation) {
   const auto found = _Faults.find(std::string_view(operation));
   if (found == _Faults.end()) return std::nullopt;
   const KORFault fault = found->second;

@@ -99,12 +99,15 @@ class KORPLATFORM_API KORSession {
   void ClearFaults() { _Faults.clear(); }
   /// The fault with which this call of the operation is to fail; nothing if it is to do its work. For the operations
   /// (KORPerform); one that holds once is gone then.
-  std::optional<KORFault> TakeFault(const char* operation);
+  std::optional<KORFault> TakeFault(const char* operation) {
+    return _Faults.empty() ? std::nullopt : TakeInjected(operation);  // every operation asks, and mostly there is none
+  }
 
  private:
   using OwnedPart = std::unique_ptr<void, void (*)(void*)>;
 
   void* FindPart(const std::type_info& part) const;
+  std::optional<KORFault> TakeInjected(const char* operation);
 
   KORUnicodeString _CurrentUserId;
   std::map<std::string, std::optional<KORUnicodeString>> _Environment;

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/base/KORExtension.h"
-#include "tests/support/FaultMatrix.h"
+#include "platform/system/KORSession.h"
 
 namespace {
 
@@ -177,20 +177,6 @@ TEST(KORFeatureContainerTest, KeepsItsMembersAliveAndListedOnesOutliveIt) {
   EXPECT_EQ(KORISpecObject_var(members[1])->GetFeatureName(), "B");
   members.clear();
   EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before);
-}
-
-TEST(KORFeatureContainerTest, FaultsComeBackAsTold) {
-  support::ExpectFaultsAsTold("GetFeatureName", []() -> support::Attempt {
-    return {std::nullopt, !NewFeature("A")->GetFeatureName().IsEmpty()};
-  });
-  support::ExpectFaultsAsTold("ListAttributeNames", []() -> support::Attempt {
-    return {std::nullopt, NewFeature("A")->ListAttributeNames() != nullptr};
-  });
-  support::ExpectFaultsAsTold("ListMembers", []() -> support::Attempt {
-    const Container_var container = NewContainer();
-    container->AddMember(NewFeature("A"));
-    return {std::nullopt, !MembersOf(container, KORISpecObject::ClassName()).empty()};
-  });
 }
 
 TEST(KORFeatureContainerTest, AFaultThatLeavesNothingGivesNoSequence) {

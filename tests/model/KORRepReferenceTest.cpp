@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/system/KORSession.h"
 #include "tests/model/ModelTest.h"
-#include "tests/support/FaultMatrix.h"
 
 namespace {
 
@@ -160,6 +160,15 @@ TEST(ApplicativeContainerTest, DoesNotKeepItsOwnerAlive) {
   EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before);
 }
 
+TEST(ApplicativeContainerTest, IsNotKeptWhereItsMakingFails) {
+  KORFreshSession session;
+  const auto analysis = NewAnalysis("TA");
+  session.InjectFault("CreateApplicativeContainer", KORFault{E_FAIL, KORFault::Kind::NullAlone, KORFault::Life::Once});
+  EXPECT_TRUE(Create(analysis, "Name").IsNull());
+  EXPECT_TRUE(analysis->GetContent().Container.IsNull());
+  EXPECT_FALSE(Create(analysis, "Name").IsNull());
+}
+
 // The legacy stream
 
 TEST(LegacyStreamTest, IsTheFileThatWasSet) {
@@ -174,33 +183,6 @@ TEST(LegacyStreamTest, MissesOnARepresentationWithoutOne) {
   KORUnicodeString path("before");
   EXPECT_EQ(NewAnalysis("TA")->GetStreamFilePath(path), E_FAIL);
   EXPECT_TRUE(path.IsEmpty());
-}
-
-// Faults
-
-TEST(KORRepReferenceTest, FaultsComeBackAsTold) {
-  support::ExpectFaultsAsTold("CreateApplicativeContainer", [] {
-    const auto analysis = NewAnalysis("TA");
-    const support::Attempt attempt = support::AttemptWithVoidOut<KORIContainer>([&analysis](void** out) {
-      return analysis->CreateApplicativeContainer(out, "Model", KORIContainer::ClassId(), "KORFeatCont", "Name");
-    });
-    EXPECT_EQ(analysis->GetContent().Container.IsNull(), !attempt.Given);
-    return attempt;
-  });
-  support::ExpectFaultsAsTold("RetrieveApplicativeContainer", [] {
-    const auto analysis = NewAnalysis("TA");
-    Create(analysis, "Name");
-    return support::AttemptWithVoidOut<KORIContainer>([&analysis](void** out) {
-      return analysis->RetrieveApplicativeContainer("Name", KORIContainer::ClassId(), out);
-    });
-  });
-  support::ExpectFaultsAsTold("GetStreamFilePath", []() -> support::Attempt {
-    const auto analysis = NewAnalysis("TA");
-    analysis->GetContent().LegacyStreamPath = "/data/TA.txt";
-    KORUnicodeString path("before");
-    const long status = analysis->GetStreamFilePath(path);
-    return {status, !path.IsEmpty()};
-  });
 }
 
 }  // namespace

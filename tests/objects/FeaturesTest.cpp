@@ -274,8 +274,9 @@ TEST_P(FeatureSearchFaultTest, OnFinding) {
   const KORIContainer_var container = NewContainer();
   EXPECT_EQ(Create("Motions", container), "S_OK Motions");
   const auto find = [&container] {
-    KORISpecObject_var feature = NULL_var;
-    return StatusName(Features::Retrieve("Motions", container, feature)) + (feature.IsNull() ? " null" : " found");
+    KORISpecObject_var feature;
+    const long status = Features::Retrieve("Motions", container, feature);
+    return StatusName(status) + (feature.IsNull() ? " null" : " found");
   };
   ExpectOutcome(find, "S_OK found");
 }

@@ -345,6 +345,12 @@ TEST_F(OwnerRepairTest, AnAnalysisWithoutLinesHasNothingToRepair) {
   EXPECT_EQ(OwnersOn(*pick, 1), Names{"Grasp/1"});
 }
 
+TEST_F(OwnerRepairTest, AnAnalysisWithoutPropertiesIsRepaired) {
+  const auto pick = NewAnalysis("Pick", {Line("F").Formula(TimeFormula("Grasp", "1", "0.1"))});
+  EXPECT_EQ(Repair(MakeShellWithout<VEXITimeAnalysisProperties>(pick), {}, {}), "S_OK");
+  EXPECT_EQ(OwnersOn(*pick, 1), Names{"Pick/1"});
+}
+
 TEST_F(OwnerRepairTest, WhatIsNoAnalysisIsRefused) {
   EXPECT_EQ(Repair(nullptr, {}, {}), "E_FAIL");
   EXPECT_EQ(Repair(MakeBareObject(), {}, {}), "E_FAIL");

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -29,7 +30,7 @@ using Services = VEXSTTApplicativeContainerServices;
 /// How the graph of a drawn model is reworked.
 enum class Graph {
   AsDrawn,  // whichever analyses share identifiers, whoever owns the parameters
-  Dense,    // many ways; identifiers are distinct and each analysis owns the parameters on its lines
+  Dense,    // many ways; identifiers are distinct and each analysis owns all parameters that its lines start with
 };
 
 struct GraphRow {
@@ -119,8 +120,8 @@ std::vector<int> PositionsOf(const World& world, const std::vector<KORIPLMCompon
   return positions;
 }
 
-// Below this number of visits everything is to be as it is when every way is gone.
-constexpr std::size_t SmallClimb = 1'000;
+// Below this number of visits every way is gone.
+constexpr std::size_t SmallClimb = 250;
 
 // ---- The climb from one analysis to one that may reuse it ----
 
@@ -211,10 +212,9 @@ void ImpactDifferentialTest::MakeDense(RandomModel& model) {
     analysis.identifier = "D" + std::to_string(index);
     for (oracle::Line& line : analysis.lines) {
       // Parameters multiply on every way up.
-      if (_Random.OneIn(4)) line.parameters.clear();
-      for (auto& parameter : line.parameters) {
-        if (parameter) parameter->owner_id = analysis.identifier;
-      }
+      if (!_Random.OneIn(6)) line.parameters.clear();
+      std::erase(line.parameters, std::nullopt);
+      for (auto& parameter : line.parameters) parameter->owner_id = analysis.identifier;
     }
     if (index == 0) continue;
     // Two or three lines that reuse one of the four before it.
@@ -261,7 +261,7 @@ TEST_P(ImpactDifferentialTest, ClimbsAsThePlainClimb) {
   RecordProperty("most_visits", static_cast<int>(most_visits));
   EXPECT_GT(compared, static_cast<std::size_t>(GetParam().models) / 2);
   EXPECT_GT(rewritten, compared / 4);
-  EXPECT_GT(most_visits, 8U);
+  EXPECT_GT(most_visits, 4U);
 }
 
 TEST_P(ImpactDifferentialTest, PropagatesAsThePlainClimb) {
@@ -286,7 +286,9 @@ TEST_P(ImpactDifferentialTest, PropagatesAsThePlainClimb) {
     const Outcome real = Propagate(model, changed);
     ASSERT_EQ(real.result, expected.result);
     ASSERT_EQ(real.saves.size(), expected.saves.size());
-    if (is_small) ASSERT_EQ(real.saves, expected.saves);
+    if (is_small) {
+      ASSERT_EQ(real.saves, expected.saves);
+    }
     for (std::size_t save = 0; save < real.saves.size(); ++save) {
       ASSERT_EQ(std::set<int>(real.saves[save].begin(), real.saves[save].end()),
                 std::set<int>(expected.saves[save].begin(), expected.saves[save].end()));
@@ -301,7 +303,9 @@ TEST_P(ImpactDifferentialTest, PropagatesAsThePlainClimb) {
   RecordProperty("large", static_cast<int>(large));
   EXPECT_GT(compared, static_cast<std::size_t>(GetParam().models) / 2);
   EXPECT_GT(saved, compared / 4);
-  if (GetParam().graph == Graph::Dense) EXPECT_GT(large, 4U);
+  if (GetParam().graph == Graph::Dense) {
+    EXPECT_GT(large, 4U);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -321,7 +325,7 @@ INSTANTIATE_TEST_SUITE_P(
                               .unknown_magnitudes = true,
                               .barred_identifiers = true,
                               .missing_interfaces = true}},
-                    GraphRow{"Dense", 707, 40, Graph::Dense, {.most_analyses = 14, .most_lines = 3}}),
+                    GraphRow{"Dense", 707, 60, Graph::Dense, {.most_analyses = 20, .most_lines = 3}}),
     support::RowName());
 
 // ---- Identifiers ----

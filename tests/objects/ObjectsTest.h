@@ -67,7 +67,7 @@ inline Operation_var NewOperation(std::string_view identifier,
   return operation;
 }
 
-inline Occurrence_var NewOccurrence(const Operation_var& operation) {
+inline Occurrence_var NewOccurrence(const KORIPLMNavReference_var& operation) {
   return KORModel::Current().CreateOccurrence(operation);
 }
 

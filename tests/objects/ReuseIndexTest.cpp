@@ -1,6 +1,7 @@
 // The end of a table whose values are lists of objects.
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <vector>
 
 #include "VEXSTTApplicativeContainerServices.h"
@@ -11,16 +12,6 @@ namespace {
 using objectstest::NewAnalysis;
 using support::TimeAnalysis_var;
 using Services = VEXSTTApplicativeContainerServices;
-
-// A list on the heap, with a reference for each entry that is not null.
-KORRawCollPV* NewList(const std::vector<KORBaseUnknown_var>& objects) {
-  auto* const list = new KORRawCollPV;
-  for (const KORBaseUnknown_var& object : objects) {
-    if (!object.IsNull()) (void)object->AddRef();
-    list->Append(object.Get());
-  }
-  return list;
-}
 
 unsigned long ReferencesTo(const TimeAnalysis_var& analysis) {
   (void)analysis->AddRef();
@@ -35,7 +26,18 @@ class ReuseIndexTest : public objectstest::ObjectsTest {
     EXPECT_EQ(_Table, nullptr);
   }
 
+  // A list with a reference for each entry that is not null. It stays the test's.
+  KORRawCollPV* NewList(const std::vector<KORBaseUnknown_var>& objects) {
+    KORRawCollPV& list = _Lists.emplace_back();
+    for (const KORBaseUnknown_var& object : objects) {
+      if (!object.IsNull()) (void)object->AddRef();
+      list.Append(object.Get());
+    }
+    return &list;
+  }
+
   KORHashObject* _Table = new KORHashObject(200);
+  std::deque<KORRawCollPV> _Lists;
 };
 
 TEST_F(ReuseIndexTest, ATableWithoutEntriesIsFreed) {
@@ -74,6 +76,16 @@ TEST_F(ReuseIndexTest, NullsAndEmptyListsAreLeftOut) {
   EXPECT_EQ(ReferencesTo(pick), of_pick);
 }
 
+TEST_F(ReuseIndexTest, TheListsStay) {
+  const auto pick = NewAnalysis("Pick");
+  const KORRawCollPV* const list = NewList({pick, nullptr});
+  _Table->Put(pick.Get(), const_cast<KORRawCollPV*>(list));
+  Clean();
+  ASSERT_EQ(list->Size(), 2);
+  EXPECT_EQ((*list)[1], pick.Get());
+  EXPECT_EQ((*list)[2], nullptr);
+}
+
 TEST_F(ReuseIndexTest, AWalkUnderWayDoesNotHideEntries) {
   const auto grip = NewAnalysis("Grip");
   const auto pick = NewAnalysis("Pick");
@@ -90,7 +102,7 @@ TEST_F(ReuseIndexTest, AWalkUnderWayDoesNotHideEntries) {
 
 TEST_F(ReuseIndexTest, ObjectsThatOnlyTheTableHoldsEnd) {
   const long before = KORBaseUnknown::CountLiveObjects();
-  auto* const list = new KORRawCollPV;
+  KORRawCollPV* const list = NewList({});
   for (int number = 0; number < 3; ++number) list->Append(new KORBaseUnknown);
   _Table->Put(list, list);
   EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before + 3);

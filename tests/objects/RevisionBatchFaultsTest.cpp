@@ -10,6 +10,7 @@
 
 namespace {
 
+using objectstest::AllFaults;
 using objectstest::ByCache;
 using objectstest::ByOneQuery;
 using objectstest::FaultCaseName;
@@ -20,9 +21,11 @@ using objectstest::FaultTest;
 using objectstest::IdentificatorFor;
 using objectstest::ListOf;
 using objectstest::NewRevision;
+using objectstest::NewShell;
 using objectstest::Placed;
 using objectstest::QueryCount;
 using objectstest::Revision;
+using objectstest::RevisionShell_var;
 using objectstest::StatusesBy;
 using support::TimeAnalysis_var;
 
@@ -38,16 +41,15 @@ class RevisionBatchFaultTest : public FaultTest {
   }
 
   std::string AskOneByOne() {
-    for (const TimeAnalysis_var& analysis : {_Top, _Other}) {
-      (void)analysis->SetRevisionStatus(VEXSTTProvider::TARevUnknown);
-    }
+    _Top->Remembered = VEXSTTProvider::TARevUnknown;
+    (void)_Other->SetRevisionStatus(VEXSTTProvider::TARevUnknown);
     return StatusesBy(ByCache, _Occurrences);
   }
 
  private:
-  TimeAnalysis_var _Top = NewRevision("Top", Revision::Last, {NewRevision("Older", Revision::Older)});
+  RevisionShell_var _Top = NewShell(NewRevision("Top", Revision::Last, {NewRevision("Older", Revision::Older)}));
   TimeAnalysis_var _Other = NewRevision("Other", Revision::Older);
-  KORListValKORBaseUnknown_var _Occurrences = ListOf({Placed(_Top), Placed(_Other)});
+  KORListValKORBaseUnknown_var _Occurrences = ListOf({Placed(PLMIRepReference_var(_Top), "Top"), Placed(_Other)});
 };
 
 constexpr const char* All = "S_OK | Top Other | ReusedNotLatest NotLatest";
@@ -56,9 +58,20 @@ constexpr const char* OnlyOther = "S_OK | Other | NotLatest";
 constexpr const char* AllUnknown = "S_OK | Top Other | Unknown Unknown";
 constexpr const char* TopUnknown = "S_OK | Top Other | Unknown NotLatest";
 constexpr const char* AllOlder = "S_OK | Top Other | NotLatest NotLatest";
+constexpr const char* TopLatest = "S_OK | Top Other | Latest NotLatest";
 constexpr const char* AllLatest = "S_OK | Top Other | Latest Latest";
 constexpr const char* Lost = "E_FAIL | Top Other | ";
 
+// On what the lines reuse: the same for one call and for all, and either way.
+const std::vector<FaultRow> LineFaults{
+    {"GetLineCount", TopLatest, All, TopLatest},
+    {"GetLines", TopLatest, All, TopLatest},
+};
+// On what is remembered.
+const std::vector<FaultRow> CacheFaults{
+    {"GetRevisionStatus", All, All, All},
+    {"SetRevisionStatus", All, All, All},
+};
 // On the way from the occurrences to the analyses.
 const std::vector<FaultRow> WayAlways{
     {"GetRelatedInstance", None, None, None},
@@ -78,6 +91,7 @@ TEST_P(OneQueryFaultTest, ComesOutAsTold) {
   ExpectOutcome([this] { return AskOnce(); }, All);
 }
 
+INSTANTIATE_TEST_SUITE_P(Lines, OneQueryFaultTest, testing::ValuesIn(AllFaults(LineFaults)), FaultCaseName());
 INSTANTIATE_TEST_SUITE_P(Way, OneQueryFaultTest, testing::ValuesIn(FaultsFor(KORFault::Life::Always, WayAlways)),
                          FaultCaseName());
 INSTANTIATE_TEST_SUITE_P(FirstStep, OneQueryFaultTest, testing::ValuesIn(FaultsFor(KORFault::Life::Once, WayOnce)),
@@ -109,6 +123,8 @@ TEST_P(OneByOneFaultTest, ComesOutAsTold) {
   ExpectOutcome([this] { return AskOneByOne(); }, All);
 }
 
+INSTANTIATE_TEST_SUITE_P(Lines, OneByOneFaultTest, testing::ValuesIn(AllFaults(LineFaults)), FaultCaseName());
+INSTANTIATE_TEST_SUITE_P(Cache, OneByOneFaultTest, testing::ValuesIn(AllFaults(CacheFaults)), FaultCaseName());
 INSTANTIATE_TEST_SUITE_P(Way, OneByOneFaultTest, testing::ValuesIn(FaultsFor(KORFault::Life::Always, WayAlways)),
                          FaultCaseName());
 INSTANTIATE_TEST_SUITE_P(FirstStep, OneByOneFaultTest, testing::ValuesIn(FaultsFor(KORFault::Life::Once, WayOnce)),
@@ -139,9 +155,9 @@ unsigned long IdentificatorReferences(const TimeAnalysis_var& analysis) {
 }
 
 // A raised error passes through, and what was handed out by then goes back.
-class RaisedErrorTest : public objectstest::ObjectsRowTest<const char*> {};
+class RevisionRaisedErrorTest : public objectstest::ObjectsRowTest<const char*> {};
 
-TEST_P(RaisedErrorTest, IsPassedOn) {
+TEST_P(RevisionRaisedErrorTest, IsPassedOn) {
   const auto top = NewRevision("Top", Revision::Last, {NewRevision("Older", Revision::Older)});
   const KORListValKORBaseUnknown_var occurrences = ListOf({Placed(top)});
   KORFault fault = FaultOf(KORFault::Kind::Raised);
@@ -152,11 +168,11 @@ TEST_P(RaisedErrorTest, IsPassedOn) {
   EXPECT_EQ(IdentificatorReferences(top), 1u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Calls, RaisedErrorTest,
+INSTANTIATE_TEST_SUITE_P(Calls, RevisionRaisedErrorTest,
                          testing::Values("GetRelatedInstance", "GetInstanceReference", "ListRepInstances",
                                          "GetRepReference", "GetPLMIdentificator", "CreateErrorMonitor",
                                          "GetVersioningInfo", "GetMajorVersioningInformation", "IsLastMajor",
                                          "GetElement"),
-                         [](const auto& info) { return std::string(info.param); });
+                         [](const auto& row) { return std::string(row.param); });
 
 }  // namespace

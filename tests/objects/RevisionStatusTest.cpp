@@ -126,15 +126,15 @@ std::function<VEXITimeAnalysisRepReference_var()> Reusing(const std::vector<Revi
   };
 }
 
-class StatusTest : public ObjectsRowTest<StatusRow> {};
+class RevisionStatusTest : public ObjectsRowTest<StatusRow> {};
 
-TEST_P(StatusTest, IsAskedOfTheDatabase) {
+TEST_P(RevisionStatusTest, IsAskedOfTheDatabase) {
   const VEXITimeAnalysisRepReference_var analysis = GetParam().make();
   EXPECT_EQ(StatusBy(&Provider::GetTARevStatusFromDB, analysis), GetParam().outcome);
   EXPECT_EQ(QueryCount(), GetParam().queries);
 }
 
-TEST_P(StatusTest, IsTheSameWhereNothingIsRemembered) {
+TEST_P(RevisionStatusTest, IsTheSameWhereNothingIsRemembered) {
   const VEXITimeAnalysisRepReference_var analysis = GetParam().make();
   EXPECT_EQ(StatusBy(&Provider::GetTARevStatus, analysis), GetParam().outcome);
   EXPECT_EQ(QueryCount(), GetParam().queries);
@@ -143,7 +143,7 @@ TEST_P(StatusTest, IsTheSameWhereNothingIsRemembered) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Analyses, StatusTest,
+    Analyses, RevisionStatusTest,
     testing::Values(
         StatusRow{"Null", [] { return VEXITimeAnalysisRepReference_var(); }, "E_FAIL 99", 0},
         StatusRow{"Last", Reusing({}), "S_OK Latest", 1},
@@ -276,22 +276,20 @@ constexpr const char* NotLatest = "S_OK NotLatest";
 constexpr const char* ReusedNotLatest = "S_OK ReusedNotLatest";
 
 // Of a last revision that reuses an older one.
-class StatusFaultTest : public FaultTest {
+class RevisionStatusFaultTest : public FaultTest {
  protected:
-  TimeAnalysis_var _Analysis = NewRevision("Fasten", Revision::Last, {AnOlderRevision()});
+  RevisionShell_var _Analysis = NewShell(NewRevision("Fasten", Revision::Last, {AnOlderRevision()}));
 };
 
-TEST_P(StatusFaultTest, AskedOfTheDatabase) {
+TEST_P(RevisionStatusFaultTest, AskedOfTheDatabase) {
   ExpectOutcome([this] { return StatusBy(&Provider::GetTARevStatusFromDB, _Analysis); }, ReusedNotLatest);
 }
 
-TEST_P(StatusFaultTest, RememberedFromThenOn) {
+TEST_P(RevisionStatusFaultTest, RememberedFromThenOn) {
   const auto ask_anew = [this] {
-    (void)_Analysis->SetRevisionStatus(Provider::TARevUnknown);
+    _Analysis->Remembered = Provider::TARevUnknown;
     std::string outcome = StatusBy(&Provider::GetTARevStatus, _Analysis);
-    int remembered = 0;
-    (void)_Analysis->GetRevisionStatus(remembered);
-    EXPECT_EQ("S_OK " + objectstest::RevisionName(remembered), outcome);
+    EXPECT_EQ("S_OK " + objectstest::RevisionName(_Analysis->Remembered), outcome);
     return outcome;
   };
   ExpectOutcome(ask_anew, ReusedNotLatest);
@@ -302,17 +300,32 @@ const std::vector<FaultRow> StatusFaults{
     {"CreateErrorMonitor", ReusedNotLatest, ReusedNotLatest, ReusedNotLatest},
     {"GetMajorVersioningInformation", NotLatest, NotLatest, NotLatest},
     {"IsLastMajor", NotLatest, ReusedNotLatest, NotLatest},
+    {"GetLineCount", Latest, ReusedNotLatest, Latest},
+    {"GetLines", Latest, ReusedNotLatest, Latest},
 };
-INSTANTIATE_TEST_SUITE_P(Calls, StatusFaultTest, testing::ValuesIn(AllFaults(StatusFaults)), FaultCaseName());
+INSTANTIATE_TEST_SUITE_P(Calls, RevisionStatusFaultTest, testing::ValuesIn(AllFaults(StatusFaults)), FaultCaseName());
 // The second query is that for the older revision.
-INSTANTIATE_TEST_SUITE_P(FirstQuery, StatusFaultTest,
+INSTANTIATE_TEST_SUITE_P(FirstQuery, RevisionStatusFaultTest,
                          testing::ValuesIn(FaultsFor(KORFault::Life::Once,
                                                      {{"GetVersioningInfo", ReusedNotLatest, NotLatest, NotLatest}})),
                          FaultCaseName());
-INSTANTIATE_TEST_SUITE_P(EveryQuery, StatusFaultTest,
+INSTANTIATE_TEST_SUITE_P(EveryQuery, RevisionStatusFaultTest,
                          testing::ValuesIn(FaultsFor(KORFault::Life::Always,
                                                      {{"GetVersioningInfo", Latest, NotLatest, NotLatest}})),
                          FaultCaseName());
+
+// What cannot be remembered, or not be read, is worked out each time.
+class RememberedFaultTest : public RevisionStatusFaultTest {};
+
+TEST_P(RememberedFaultTest, WorkedOutAgain) {
+  ExpectOutcome([this] { return StatusBy(&Provider::GetTARevStatus, _Analysis); }, ReusedNotLatest);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Calls, RememberedFaultTest,
+    testing::ValuesIn(AllFaults({{"GetRevisionStatus", ReusedNotLatest, ReusedNotLatest, ReusedNotLatest},
+                                 {"SetRevisionStatus", ReusedNotLatest, ReusedNotLatest, ReusedNotLatest}})),
+    FaultCaseName());
 
 TEST_F(ObjectsTest, RevisionStatusPassesARaisedErrorOn) {
   const auto analysis = NewRevision("Fasten", Revision::Last, {AnOlderRevision()});

@@ -12,6 +12,7 @@
 #include "platform/model/PLMIRepInstance.h"
 #include "platform/model/VEXITimeAnalysisRevisionCache.h"
 #include "platform/services/KORAdpVersioning.h"
+#include "platform/system/KORPerform.h"
 #include "tests/calculation/AnalysisShell.h"
 #include "tests/objects/ObjectsTest.h"
 
@@ -51,7 +52,8 @@ inline int QueryCount() {
   return KORVersioningDatabase::Current().GetQueryCount();
 }
 
-/// An analysis around another one, of which it has attributes and lines; the rest a test decides over.
+/// An analysis around another one, of which it has attributes and lines; the rest a test decides over. Faults of the
+/// session reach its lines and what is remembered on it, too.
 class RevisionShell : public KORDerives<calculationtest::AnalysisShell, PLMIRepReference, KORIPLMComponent,
                                         VEXITimeAnalysisRevisionCache> {
  public:
@@ -69,19 +71,27 @@ class RevisionShell : public KORDerives<calculationtest::AnalysisShell, PLMIRepR
     return *this;
   }
 
+  long GetLineCount(int& count) override {
+    return KORPerform("GetLineCount", [this, &count] { return AnalysisShell::GetLineCount(count); });
+  }
+  long GetLines(int first, int count, KORRawCollPV& lines) override {
+    return KORPerform("GetLines", [&] { return AnalysisShell::GetLines(first, count, lines); });
+  }
   long GetPLMIdentificator(KORIAdpPLMIdentificator*& identificator) override {
-    identificator = Identificator.Get();
-    if (identificator != nullptr) identificator->AddRef();
-    return S_OK;
+    return KORHandOut("GetPLMIdentificator", Identificator, identificator);
   }
   long GetRevisionStatus(int& status) override {
-    status = Remembered;
-    return S_OK;
+    return KORPerform("GetRevisionStatus", [this, &status] {
+      status = Remembered;
+      return S_OK;
+    });
   }
   long SetRevisionStatus(int status) override {
-    Remembered = status;
-    Written.push_back(status);
-    return S_OK;
+    return KORPerform("SetRevisionStatus", [this, status] {
+      Remembered = status;
+      Written.push_back(status);
+      return S_OK;
+    });
   }
 
  protected:

@@ -220,8 +220,9 @@ ImpactOutcome UpdateAllImpacted(const KORBaseUnknown_var& changed, KORListValKOR
   const Reused* const entry = changed.IsNull() ? nullptr : Find(reuses, changed);
   if (entry == nullptr) return {S_OK, false};
   for (const KORBaseUnknown_var& reusing : entry->reusing) {
+    // Where the analysis reuses itself, it is on the way already.
     const VEXITimeAnalysisRepReference_var reference(reusing);
-    if (!reference.IsNull()) (void)UpdateTemplateToImpacted(changed, reusing, &reuses, climb);
+    if (!reference.IsNull() && reusing != changed) (void)UpdateTemplateToImpacted(changed, reusing, &reuses, climb);
   }
   outcome.saves = true;
   return outcome;

@@ -83,7 +83,7 @@ TEST_P(FaultKindTest, OfAnOperationThatHandsOutAnObject) {
   auto* out = reinterpret_cast<KORBaseUnknown*>(&anything);
   ExpectOutcome([&] { return KORHandOut("Operation", held, out); });
   EXPECT_EQ(out, GetParam().DoesItsWork ? held.Get() : nullptr);
-  if (out != nullptr) EXPECT_EQ(out->Release(), 1u);
+  EXPECT_EQ(out == nullptr ? 1u : out->Release(), 1u);
 }
 
 TEST_P(FaultKindTest, OfAnOperationThatGivesItsResult) {

@@ -30,7 +30,7 @@ class KORAdpVersioningTest : public testing::Test {
   }
 
   /// Asks for the identificators in their order.
-  long Ask(const std::vector<KORIAdpPLMIdentificator_var>& identificators) {
+  long AskFor(const std::vector<KORIAdpPLMIdentificator_var>& identificators) {
     KORListPtrKORIAdpPLMIdentificator list;
     for (const KORIAdpPLMIdentificator_var& identificator : identificators) list.Append(identificator.Get());
     return KORAdpProtectedVersioningServices::GetVersioningInfo(list, 1, 1, _Infos, nullptr);
@@ -39,7 +39,7 @@ class KORAdpVersioningTest : public testing::Test {
   long Ask(const std::vector<Analysis_var>& analyses) {
     std::vector<KORIAdpPLMIdentificator_var> identificators;
     for (const Analysis_var& analysis : analyses) identificators.push_back(IdentificatorOf(*analysis));
-    return Ask(identificators);
+    return AskFor(identificators);
   }
 
   /// What an information tells: the identifier of its analysis, with "+" for a last major revision and "-" for another.
@@ -110,7 +110,7 @@ TEST_F(KORAdpVersioningTest, ObjectsThatAreGoneOrAreNoRepresentationsAreLeftOut)
   }
   const auto operation = KORModel::Current().CreateOperation("OP");
   const auto other = KORModel::Current().CreateOtherRepReference("shape");
-  EXPECT_EQ(Ask({of_gone, IdentificatorOf(*operation), IdentificatorOf(*other)}), S_OK);
+  EXPECT_EQ(AskFor({of_gone, IdentificatorOf(*operation), IdentificatorOf(*other)}), S_OK);
   ASSERT_EQ(_Infos.Size(), 1);
   KORIAdpPLMIdentificator* element = nullptr;
   ASSERT_EQ(_Infos[1].GetElement(element), S_OK);
@@ -127,7 +127,7 @@ class ForeignIdentificator final : public KORImplements<KORIAdpPLMIdentificator>
 
 TEST_F(KORAdpVersioningTest, IdentificatorsOfAnotherModelAreLeftOut) {
   const auto foreign = KORIAdpPLMIdentificator_var::Adopt(new ForeignIdentificator);
-  EXPECT_EQ(Ask(std::vector<KORIAdpPLMIdentificator_var>{foreign}), S_OK);
+  EXPECT_EQ(AskFor({foreign}), S_OK);
   EXPECT_EQ(_Infos.Size(), 0);
 }
 
@@ -147,7 +147,7 @@ TEST_F(KORAdpVersioningTest, AnswersWithWhatWasNotAskedFor) {
   _Database.SetOrder(Order::Reversed);
   EXPECT_EQ(Ask(asked), S_OK);
   EXPECT_EQ(Told(), "B+ A+ C- A- ");
-  EXPECT_EQ(Ask(std::vector<Analysis_var>()), S_OK);
+  EXPECT_EQ(Ask({}), S_OK);
   EXPECT_EQ(Told(), "B+ A+ C- A- C- A- ");
 }
 
@@ -156,7 +156,7 @@ TEST_F(KORAdpVersioningTest, CountsQueriesNotIdentificators) {
   EXPECT_EQ(_Database.GetQueryCount(), 0);
   EXPECT_EQ(Ask(analyses), S_OK);
   EXPECT_EQ(_Database.GetQueryCount(), 1);
-  EXPECT_EQ(Ask(std::vector<Analysis_var>()), S_OK);
+  EXPECT_EQ(Ask({}), S_OK);
   EXPECT_EQ(_Database.GetQueryCount(), 2);
 }
 
@@ -169,7 +169,7 @@ TEST_F(KORAdpVersioningTest, AFailedQueryWasAskedToo) {
 
 TEST_F(KORAdpVersioningTest, ANullIdentificatorIsRefused) {
   const KORIAdpPLMIdentificator_var known = IdentificatorOf(*Create("A"));
-  EXPECT_EQ(Ask({known, NULL_var, known}), E_INVALIDARG);
+  EXPECT_EQ(AskFor({known, NULL_var, known}), E_INVALIDARG);
   EXPECT_EQ(_Infos.Size(), 0);
   EXPECT_EQ(_Database.GetQueryCount(), 1);
 }

@@ -5,10 +5,11 @@
 
 #include <string>
 
+#include "platform/base/KORStatus.h"
 #include "platform/model/KORIInstance.h"
 #include "platform/model/KORModel.h"
 #include "platform/model/KORPLMObject.h"
-#include "tests/support/FaultMatrix.h"
+#include "platform/system/KORSession.h"
 
 namespace {
 
@@ -102,14 +103,6 @@ TEST(KORCkeObjectAttrReadServicesTest, StatusOfTheValueComesBack) {
   KORUnicodeString text("before");
   EXPECT_EQ(Read(KORICkeObject_var(KORHandle<Broken>::Adopt(new Broken)), "key", text), E_NOINTERFACE);
   EXPECT_EQ(text, "before");
-}
-
-TEST(KORCkeObjectAttrReadServicesTest, FaultsComeBackAsTold) {
-  support::ExpectFaultsAsTold("GetValueAsString", []() -> support::Attempt {
-    KORUnicodeString text("before");
-    const long status = Read(KORModel::Current().CreateTimeAnalysis("TA"), "PLM_ExternalID", text);
-    return {status, text != "before"};
-  });
 }
 
 }  // namespace

@@ -5,8 +5,9 @@
 
 #include <string>
 
+#include "platform/base/KORStatus.h"
 #include "platform/model/KORModel.h"
-#include "tests/support/FaultMatrix.h"
+#include "platform/system/KORSession.h"
 
 namespace {
 
@@ -142,21 +143,6 @@ TEST_F(ProxyTest, WhatCannotBeFilledStays) {
   EXPECT_EQ(Fill(foreign, FindType(), proxy), E_INVALIDARG);
   EXPECT_EQ(Fill(_Analysis, FindType(), foreign), E_INVALIDARG);
   EXPECT_EQ(AttributesOf(_Analysis), "PLM_ExternalID=TA ");
-}
-
-TEST(ProxyFaultsTest, ComeBackAsTold) {
-  support::ExpectFaultsAsTold("RetrieveTypeFromProxy", []() -> support::Attempt {
-    KORIType_var type = FindType();
-    const long status = KORCkePLMCoreServices::RetrieveTypeFromProxy(NewProxy(), type);
-    return {status, !type.IsNull()};
-  });
-  support::ExpectFaultsAsTold("FillAttributesFromProxyOrBusinessLogicOnObject", []() -> support::Attempt {
-    const Analysis_var analysis = KORModel::Current().CreateTimeAnalysis("TA");
-    const Proxy_var proxy = NewProxy();
-    proxy->GetAttributes().Set("V_Name", KORUnicodeString("grip"));
-    const long status = Fill(analysis, FindType(), proxy);
-    return {status, AttributesOf(analysis) != "PLM_ExternalID=TA "};
-  });
 }
 
 }  // namespace

@@ -3,10 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/base/KORStatus.h"
 #include "platform/model/KORModel.h"
 #include "platform/model/KORPLMObject.h"
 #include "platform/services/KORCkeObjectAttrReadServices.h"
-#include "tests/support/FaultMatrix.h"
+#include "platform/system/KORSession.h"
 
 namespace {
 
@@ -76,28 +77,6 @@ TEST_F(KnowledgeNavigationTest, NamesOfTheReservationLeadToItsValues) {
 TEST_F(KnowledgeNavigationTest, NothingHasNoReservation) {
   EXPECT_TRUE(Services::GetReservedAttributeNameFromObject(NULL_var).IsEmpty());
   EXPECT_TRUE(Services::GetReservedByAttributeNameFromObject(NULL_var).IsEmpty());
-}
-
-TEST(KnowledgeNavigationFaultsTest, ComeBackAsTold) {
-  support::ExpectFaultsAsTold("RetrieveKnowledgeType", []() -> support::Attempt {
-    KORIType_var type = AnyType();
-    const long status = Services::RetrieveKnowledgeType(AnalysisType, type);
-    return {status, !type.IsNull()};
-  });
-  support::ExpectFaultsAsTold("ListAttributesFromType", []() -> support::Attempt {
-    KORListValKORAttributeInfos infos;
-    infos.Append(KORAttributeInfos("before", true));
-    const long status = Services::ListAttributesFromType(0, AnyType(), nullptr, infos, 0);
-    return {status, infos.Size() != 0};
-  });
-  support::ExpectFaultsAsTold("GetReservedAttributeNameFromObject", []() -> support::Attempt {
-    const KORICkeObject_var object = KORModel::Current().CreateTimeAnalysis("TA");
-    return {std::nullopt, !Services::GetReservedAttributeNameFromObject(object).IsEmpty()};
-  });
-  support::ExpectFaultsAsTold("GetReservedByAttributeNameFromObject", []() -> support::Attempt {
-    const KORICkeObject_var object = KORModel::Current().CreateTimeAnalysis("TA");
-    return {std::nullopt, !Services::GetReservedByAttributeNameFromObject(object).IsEmpty()};
-  });
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/base/KORStatus.h"
-#include "tests/support/FaultMatrix.h"
+#include "platform/system/KORSession.h"
 
 namespace {
 
@@ -151,50 +151,6 @@ TEST_F(ColourTest, ManagerIsOneOfItsSession) {
   const KORFreshSession other;
   EXPECT_NE(Manager::GetManager(), manager);
   EXPECT_EQ(Get({}, E_FAIL), Before);
-}
-
-// Faults
-
-TEST(FrmFaultsTest, OfTheLayoutComeBackAsTold) {
-  support::ExpectFaultsAsTold("GetCurrentLayout", []() -> support::Attempt {
-    KORFrmLayout::SetCurrentWindow(NewWindow());
-    return {std::nullopt, KORFrmLayout::GetCurrentLayout() != nullptr};
-  });
-  support::ExpectFaultsAsTold("GetCurrentWindow", []() -> support::Attempt {
-    KORFrmLayout::SetCurrentWindow(NewWindow());
-    return {std::nullopt, KORFrmLayout::GetCurrentLayout()->GetCurrentWindow() != nullptr};
-  });
-}
-
-TEST(FrmFaultsTest, OfTheWindowComeBackAsTold) {
-  support::ExpectFaultsAsTold("GetBIFilterInfo", []() -> support::Attempt {
-    unsigned char active = 0;
-    KORUnicodeString name;
-    KORListValKORString values;
-    const long status = NewWindow()->GetBIFilterInfo(active, name, &values);
-    EXPECT_EQ(active != 0, values.Size() != 0);
-    EXPECT_EQ(active != 0, !name.IsEmpty());
-    return {status, active != 0};
-  });
-  support::ExpectFaultsAsTold("GetQuadrantOpennessID", []() -> support::Attempt {
-    KORString openness;
-    const long status = NewWindow()->GetQuadrantOpennessID(openness);
-    return {status, !openness.IsEmpty()};
-  });
-}
-
-TEST(FrmFaultsTest, OfTheColoursComeBackAsTold) {
-  support::ExpectFaultsAsTold("GetManager", []() -> support::Attempt {
-    return {std::nullopt, Manager::GetManager() != nullptr};
-  });
-  support::ExpectFaultsAsTold("GetMaterialIndexFromIDForGivenQOpenness", []() -> support::Attempt {
-    Manager::GetManager()->SetIndices({}, {1, 2, 3, 4, 5});
-    Manager::Indices found{};
-    const long status = Manager::GetManager()->GetMaterialIndexFromIDForGivenQOpenness(
-        {}, {}, {}, {}, found[0], found[1], found[2], found[3], found[4]);
-    EXPECT_TRUE(found == Manager::Indices{} || found == (Manager::Indices{1, 2, 3, 4, 5}));
-    return {status, found[4] == 5};
-  });
 }
 
 }  // namespace

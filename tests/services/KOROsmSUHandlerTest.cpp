@@ -5,9 +5,9 @@
 
 #include <string>
 
+#include "platform/base/KORStatus.h"
 #include "platform/model/KORFeatureContainer.h"
 #include "platform/services/VEXTimeAnalysisModelerDeclarations.h"
-#include "tests/support/FaultMatrix.h"
 
 namespace {
 
@@ -108,15 +108,5 @@ INSTANTIATE_TEST_SUITE_P(
                     RefusalRow{"NoStorage", {"A", "", ""}, RefusalRow::OfModel, E_FAIL},
                     RefusalRow{"EmptyNameAndNullContainer", HandlerOf(""), RefusalRow::Null, E_INVALIDARG}),
     [](const auto& row) { return std::string(row.param.Name); });
-
-TEST(KOROsmSUHandlerTest, FaultsComeBackAsTold) {
-  support::ExpectFaultsAsTold("Instanciate", []() -> support::Attempt {
-    const Container_var container = NewContainer();
-    KORISpecObject_var feature;
-    const long status = HandlerOf("A").Instanciate(feature, container, "");
-    EXPECT_EQ(NamesIn(container), feature.IsNull() ? "" : "A ");
-    return {status, !feature.IsNull()};
-  });
-}
 
 }  // namespace

@@ -3,10 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
+#include "platform/base/KORStatus.h"
 #include "platform/model/KORModel.h"
-#include "tests/support/FaultMatrix.h"
+#include "platform/system/KORSession.h"
 
 namespace {
 
@@ -82,16 +81,6 @@ TEST_F(ContainerServicesTest, WhatIsGivenOutlivesTheRepresentation) {
   EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before + 1);
   container = nullptr;
   EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before);
-}
-
-TEST_F(ContainerServicesTest, FaultsComeBackAsTold) {
-  support::ExpectFaultsAsTold("KORPLMApplicativeContainerServices::Retrieve", [] {
-    const KORIPLMComponent_var component = AnalysisWithContainer();
-    return support::AttemptWithVoidOut<KORIContainer>([&component](void** out) {
-      return KORPLMApplicativeContainerServices::Retrieve(out, component.Get(), KORIContainer::ClassId(),
-                                                          "KORFeatCont");
-    });
-  });
 }
 
 }  // namespace

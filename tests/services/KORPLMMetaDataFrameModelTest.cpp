@@ -6,7 +6,7 @@
 #include <string>
 
 #include "platform/knowledge/KORCkeGlobalFunctions.h"
-#include "tests/support/FaultMatrix.h"
+#include "tests/services/FaultKinds.h"
 
 namespace {
 
@@ -125,10 +125,12 @@ TEST_F(MetaDataFrameModelTest, FaultsOfTheSessionLeaveNoEnvironment) {
         SessionFault{"GetCurrentEnvironment", {E_INVALIDARG, Kind::NullAlone}, S_OK}}) {
     KORSession::Current().ClearFaults();
     KORSession::Current().InjectFault(row.Operation, row.Fault);
-    const support::Attempt attempt = support::AttemptWithOut<KORIAdpEnvironment>(
-        [this](KORIAdpEnvironment*& environment) { return _Model.GetLocalEnvironment(environment); });
-    EXPECT_EQ(attempt.Status, row.Status) << row.Operation;
-    EXPECT_FALSE(attempt.Given) << row.Operation;
+    bool given = true;
+    EXPECT_EQ(servicestest::HandOut<KORIAdpEnvironment>(
+                  given, [this](KORIAdpEnvironment*& environment) { return _Model.GetLocalEnvironment(environment); }),
+              row.Status)
+        << row.Operation;
+    EXPECT_FALSE(given) << row.Operation;
   }
 }
 
@@ -142,35 +144,6 @@ TEST(MetaDataFrameModelLifeTest, KeepsItsParametersAlive) {
   EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before + 1);
   parameter = nullptr;
   EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before);
-}
-
-support::Attempt AttemptToList(NameLister lister) {
-  KORPLMMetaDataFrameModel model;
-  model.AddAttribute(TextParameter("A", ""));
-  model.MarkModified("A");
-  KORListValKORUnicodeString names;
-  names.Append("before");
-  const long status = (model.*lister)(names);
-  return {status, names.Size() != 0};
-}
-
-TEST(MetaDataFrameModelLifeTest, FaultsComeBackAsTold) {
-  support::ExpectFaultsAsTold("GetLocalEnvironment", [] {
-    const KORPLMMetaDataFrameModel model;
-    return support::AttemptWithOut<KORIAdpEnvironment>(
-        [&model](KORIAdpEnvironment*& environment) { return model.GetLocalEnvironment(environment); });
-  });
-  support::ExpectFaultsAsTold("GetListOfAttributes",
-                              [] { return AttemptToList(&KORPLMMetaDataFrameModel::GetListOfAttributes); });
-  support::ExpectFaultsAsTold("GetListOfModifiedAttributes",
-                              [] { return AttemptToList(&KORPLMMetaDataFrameModel::GetListOfModifiedAttributes); });
-  support::ExpectFaultsAsTold("GetAttributeParm", []() -> support::Attempt {
-    KORPLMMetaDataFrameModel model;
-    model.AddAttribute(TextParameter("A", ""));
-    KORICkeParm_var parameter = TextParameter("before", "");
-    const long status = model.GetAttributeParm("A", parameter);
-    return {status, !parameter.IsNull()};
-  });
 }
 
 }  // namespace

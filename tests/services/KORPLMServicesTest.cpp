@@ -3,10 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
+#include "platform/base/KORStatus.h"
 #include "platform/model/KORModel.h"
-#include "tests/support/FaultMatrix.h"
+#include "platform/system/KORSession.h"
 
 namespace {
 
@@ -111,19 +110,6 @@ TEST(OpenServicesTest, SessionKeepsWhatOpensToWhatUntilItsEnd) {
     KOROpenedComponents::Current().SetOpened(component, ListOf({component}));  // itself, in a circle
   }
   EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before);
-}
-
-TEST(OpenServicesTest, FaultsComeBackAsTold) {
-  support::ExpectFaultsAsTold("GetOpenServices", [] {
-    return support::AttemptWithOut<KORIPLMOpen>(
-        [](KORIPLMOpen*& open) { return KORPLMServices::GetOpenServices(open); });
-  });
-  support::ExpectFaultsAsTold("OpenComponents", []() -> support::Attempt {
-    const KORIPLMComponent_var component = KORModel::Current().CreateTimeAnalysis("TA");
-    KORListValKORBaseUnknown_var objects = ListOf({component});
-    const long status = Open(OpenService(), ComponentsOf({component}), objects);
-    return {status, objects.Size() != 0};
-  });
 }
 
 }  // namespace

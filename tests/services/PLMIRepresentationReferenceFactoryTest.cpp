@@ -4,12 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <string>
 
+#include "platform/base/KORStatus.h"
 #include "platform/knowledge/KORCkeGlobalFunctions.h"
-#include "platform/knowledge/KORParmDictionary.h"
 #include "platform/model/KORModel.h"
-#include "tests/support/FaultMatrix.h"
+#include "platform/system/KORSession.h"
 
 namespace {
 
@@ -144,7 +143,14 @@ TEST_F(RepresentationFactoryTest, RefusesWhatItCannotMake) {
   EXPECT_TRUE(KORModel::Current().GetTimeAnalyses().empty());
 }
 
-TEST_F(RepresentationFactoryTest, MakesOnlyWhatTheSessionIsThenTheCurrentOneOf) {
+TEST_F(RepresentationFactoryTest, LeavesNothingInTheModelWhereItFails) {
+  const Factory_var factory = GetFactory();
+  KORSession::Current().InjectFault("CreateRepReference", KORFault{E_FAIL, KORFault::Kind::NullAlone});
+  EXPECT_TRUE(Create(factory).IsNull());
+  EXPECT_TRUE(KORModel::Current().GetTimeAnalyses().empty());
+}
+
+TEST_F(RepresentationFactoryTest, ServesTheSessionThatIsThenTheCurrentOne) {
   const Factory_var factory = GetFactory();
   {
     const KORFreshSession other;
@@ -176,23 +182,6 @@ TEST(RepresentationFactoryLifeTest, NewObjectIsHeldByTheCallerAndTheModel) {
   EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before + 1);
   object = nullptr;
   EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before);
-}
-
-TEST(RepresentationFactoryLifeTest, FaultsComeBackAsTold) {
-  support::ExpectFaultsAsTold("GetRepresentationReferenceFactory", [] {
-    return support::AttemptWithVoidOut<PLMIRepresentationReferenceFactory>([](void** out) {
-      return GetRepresentationReferenceFactory("TimeAnalysis", out, PLMIRepresentationReferenceFactory::ClassId());
-    });
-  });
-  support::ExpectFaultsAsTold("CreateRepReference", [] {
-    const Factory_var factory = GetFactory();
-    const std::size_t before = KORModel::Current().GetTimeAnalyses().size();
-    const support::Attempt attempt = support::AttemptWithOut<KORBaseUnknown>([&factory](KORBaseUnknown*& object) {
-      return factory->CreateRepReference(CurrentEnvironment().Get(), AnalysisType(), {}, "KORData", object, 0);
-    });
-    EXPECT_EQ(KORModel::Current().GetTimeAnalyses().size(), before + (attempt.Given ? 1 : 0));
-    return attempt;
-  });
 }
 
 }  // namespace

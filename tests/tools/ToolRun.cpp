@@ -19,7 +19,8 @@ ToolOutcome RunInSession(KORSession& session, const std::vector<std::string>& ar
   std::ostringstream out;
   std::ostringstream errors;
   ToolOutcome outcome;
-  outcome.ExitStatus = tool::RunTool(arguments, {in, out, errors, session, input.ProgramFolder});
+  outcome.ExitStatus = tool::RunTool(
+      arguments, {in, out, errors, session, input.ProgramFolder, input.ErrIsTerminal, input.Now, input.IsStopWanted});
   outcome.Output = out.str();
   outcome.Errors = errors.str();
   return outcome;

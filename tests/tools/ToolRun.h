@@ -1,6 +1,8 @@
 // The tool run in the test's own process: arguments and input in, both outputs and the exit status out.
 #pragma once
 
+#include <chrono>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -13,6 +15,9 @@ struct ToolInput {
   std::map<std::string, std::string>
       Environment;            // set for this run; the variables that name catalogues are unset first
   std::string ProgramFolder;  // empty: no installed catalogue
+  bool ErrIsTerminal = false;
+  std::function<std::chrono::steady_clock::time_point()> Now = std::chrono::steady_clock::now;
+  std::function<bool()> IsStopWanted = {};
 };
 
 struct ToolOutcome {

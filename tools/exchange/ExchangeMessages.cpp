@@ -2,6 +2,8 @@
 #include "tools/exchange/ExchangeMessages.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 
 namespace tool {
 
@@ -124,6 +126,10 @@ Failure ForceWithoutFolder(const std::string& command) {
 
 Failure InputTwice(const std::string& command) {
   return WrongUsage("\"-\" stands twice; standard input is read once, as one stream", command);
+}
+
+Failure DashIsNoStream(const std::string& command) {
+  return WrongUsage("streams to migrate are not read from standard input; name their files or their folder", command);
 }
 
 Failure NoSuchStreamOrFolder(const std::string& path) {
@@ -254,6 +260,30 @@ Failure MoreFaultyItems(const std::string& path, std::size_t count) {
 Failure ReferenceUnresolved(const std::string& path, int row, std::string_view identifier) {
   return Finding(path + ", row " + std::to_string(row) + ": the reused analysis " + Quoted(identifier) +
                  " is not among the streams; its identifier is kept. Name its stream as well, or the folder of both");
+}
+
+Failure StreamMarkRead(const std::string& path) {
+  return Finding(path +
+                 ", item 1: the byte order mark ahead of it makes the migration pass the item over; take the mark out");
+}
+
+Failure StreamReturnRead(const std::string& path) {
+  return Finding(path +
+                 ": the carriage return at its end goes into the last value; let it end in a line feed alone, or in "
+                 "\"|\"");
+}
+
+Failure StreamNotMigrated(const std::string& path, long status) {
+  std::array<char, 16> code{};
+  (void)std::snprintf(code.data(), code.size(), "0x%08X", static_cast<unsigned>(status));
+  return Unusable(path + ": the migration left it out with status " + code.data() +
+                  "; see that the file can still be read under a name that is UTF-8, and run it again");
+}
+
+Failure StreamWithLosses(const std::string& path, std::size_t count) {
+  return Finding(path + ": " + std::to_string(count) + (count == 1 ? " value does" : " values do") +
+                 " not come over whole, as told on standard error; correct them, or let the rest be migrated with "
+                 "--lossy");
 }
 
 Failure ValueLost(const ExchangedAnalysis& analysis, const Loss& loss, std::string_view form) {

@@ -25,6 +25,7 @@ Failure SeveralWithoutFolder(std::string_view form, std::size_t count);
 Failure IdentifierOfSeveral(std::size_t count);
 Failure ForceWithoutFolder(const std::string& command);
 Failure InputTwice(const std::string& command);
+Failure DashIsNoStream(const std::string& command);
 
 // Streams as files.
 Failure NoSuchStreamOrFolder(const std::string& path);
@@ -57,6 +58,12 @@ Failure ValueNoNumber(const ItemPlace& place, std::string_view key, std::string_
                       const std::string& read_as);
 Failure MoreFaultyItems(const std::string& path, std::size_t count);
 Failure ReferenceUnresolved(const std::string& path, int row, std::string_view identifier);
+
+// Migration.
+Failure StreamMarkRead(const std::string& path);
+Failure StreamReturnRead(const std::string& path);
+Failure StreamNotMigrated(const std::string& path, long status);
+Failure StreamWithLosses(const std::string& path, std::size_t count);
 
 // What a form cannot hold.
 Failure ValueLost(const ExchangedAnalysis& analysis, const Loss& loss, std::string_view form);

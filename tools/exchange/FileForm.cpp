@@ -49,8 +49,8 @@ FormedFile FileForm::Form(const ExchangedAnalysis& analysis, const ReusedAnalyse
   const BuiltAnalysis reread = _Builder.Build(file, identifier, reused_in_file);
   const FileComparison found = CompareWithFile(*analysis.Analysis, *reread.Analysis, written.Rows, _Vocabulary);
   (void)reread.Analysis->RemoveAllLines();  // the model keeps the analysis
-  FormedFile formed{std::move(written.Text), ValuesLost(analysis, found.Losses, "a file of calc"), {},
-                    ReusedIdentifiers(reused)};
+  FormedFile formed{
+      std::move(written.Text), ValuesLost(analysis, found.Losses, "a file of calc"), {}, ReusedIdentifiers(reused)};
   if (analysis.IsComplete) formed.Losses.insert(formed.Losses.end(), reread.Problems.begin(), reread.Problems.end());
   if (!found.Attributes.empty() || !found.Keys.empty()) {
     formed.Notes.push_back(LeftOutOfForm(analysis, found.Attributes, found.Keys, "a file of calc"));

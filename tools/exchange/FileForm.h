@@ -38,8 +38,8 @@ class FileForm {
   AnalysisBuilder _Builder;
 };
 
-/// A file of calc finds what it reuses by its path, from its own folder upward. What is told of the analyses that a file
-/// reuses and would find another one for.
+/// A file of calc finds what it reuses by its path, from its own folder upward. What is told of the analyses that a
+/// file reuses and would find another one for.
 ///
 /// identifiers  of all files that are written together
 std::vector<Failure> ShadowedReuse(const ExchangedAnalysis& analysis, const std::vector<std::string>& reused,

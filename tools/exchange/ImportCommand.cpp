@@ -32,7 +32,9 @@ class StreamImport {
       try {
         StreamReader reader(entry.Input.Path, vocabulary);
         StreamContent content = reader.Read(ReadStreamBytes(entry.Input, _Surroundings));
-        TellProblems(entry.Input, content);
+        for (const Failure& problem : content.AllProblems(entry.Input.Path)) {
+          _Answers.Tell(_Line.Lossy ? AsNote(problem) : problem);
+        }
         _Made.Resolve(entry.Input, content);
         FillAnalysis(*entry.Analysis.Analysis, content.Items, services);
         if (_Line.Calculate) services.CalculateAnalyzedTimeBG(KORBaseUnknown_var(entry.Analysis.Analysis));
@@ -55,12 +57,6 @@ class StreamImport {
     StreamInput Input;
     ExchangedAnalysis Analysis;
   };
-
-  void TellProblems(const StreamInput& input, const StreamContent& content) {
-    const auto tell = [this](const Failure& problem) { _Answers.Tell(_Line.Lossy ? AsNote(problem) : problem); };
-    for (const Failure& problem : content.Problems) tell(problem);
-    if (content.FurtherProblems > 0) tell(MoreFaultyItems(input.Path, content.FurtherProblems));
-  }
 
   const CommandLine& _Line;
   const Surroundings& _Surroundings;

@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "platform/base/KORUnicodeString.h"
+#include "platform/system/KORFileContent.h"
 #include "platform/system/KORPaths.h"
 #include "tools/analysis/AnalysisFolder.h"
 #include "tools/exchange/ExchangeMessages.h"
@@ -118,7 +119,6 @@ int WriteIn(int folder, const std::string& name, std::string_view content, Outpu
 
 }  // namespace
 
-// The path of a file; empty for an identifier that gives none.
 std::string OutputFolder::PathOf(const std::string& identifier) const {
   const bool has_hidden_part = identifier.starts_with('.') || identifier.find("/.") != std::string::npos;
   if (!IsPlainName(identifier) || has_hidden_part) return {};
@@ -129,6 +129,16 @@ std::string OutputFolder::PathOf(const std::string& identifier) const {
   std::string joined(path);
   free(path);
   return joined;
+}
+
+bool OutputFolder::Holds(const std::string& identifier, std::string_view content) const {
+  const std::string path = PathOf(identifier);
+  std::error_code error;
+  if (path.empty() || !std::filesystem::is_regular_file(std::filesystem::symlink_status(path, error))) return false;
+  if (std::filesystem::file_size(path, error) != content.size() || error) return false;
+  std::string bytes;
+  std::string cause;
+  return KORReadFileContent(path, content.size(), bytes, cause) && bytes == content;
 }
 
 std::optional<Failure> OutputFolder::Check(const std::string& identifier) const {

@@ -24,6 +24,12 @@ class OutputFolder {
   OutputFolder(std::string path, std::string extension, Present present)
       : _Path(std::move(path)), _Extension(std::move(extension)), _Present(present) {}
 
+  /// The path of a file; empty for an identifier that gives none.
+  std::string PathOf(const std::string& identifier) const;
+
+  /// True if the file of an identifier is there with that very content; a link in its place is not followed.
+  bool Holds(const std::string& identifier, std::string_view content) const;
+
   /// What forbids to write the file of an identifier; nothing if nothing does. Writes nothing.
   std::optional<Failure> Check(const std::string& identifier) const;
 
@@ -32,8 +38,6 @@ class OutputFolder {
   void Write(const std::string& identifier, std::string_view content) const;
 
  private:
-  std::string PathOf(const std::string& identifier) const;
-
   std::string _Path;
   std::string _Extension;
   Present _Present;

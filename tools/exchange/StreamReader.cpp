@@ -63,6 +63,12 @@ class StreamReader::Fields {
   std::size_t _Count = 0;
 };
 
+std::vector<Failure> StreamContent::AllProblems(const std::string& path) const {
+  std::vector<Failure> problems = Problems;
+  if (FurtherProblems > 0) problems.push_back(MoreFaultyItems(path, FurtherProblems));
+  return problems;
+}
+
 void StreamReader::Tell(const Failure& problem) {
   if (_Content.Problems.size() < MostProblems) {
     _Content.Problems.push_back(problem);
@@ -105,8 +111,7 @@ bool StreamReader::TakeAttribute(const Fields& fields) {
   const std::string_view key = fields[2];
   const ExchangeType type = _Vocabulary.TypeOfAttribute(key);
   if (type == ExchangeType::None) {
-    Tell(AttributeUnknown(place, key));
-    TakeUnknownKey(key);
+    TakeUnknownKey(key, AttributeUnknown(place, key));
     return false;
   }
   if (!_Attributes.emplace(key).second) Tell(AttributeTwice(place, key));
@@ -148,15 +153,15 @@ void StreamReader::TakeHeading(const Fields& fields) {
   const ExchangeType type = _Vocabulary.TypeOfCell(key);
   const bool twice = !_ColumnKeys.emplace(key).second;
   if (type == ExchangeType::None) {
-    Tell(ColumnUnknown(place, key));
-    TakeUnknownKey(key);
+    TakeUnknownKey(key, ColumnUnknown(place, key));
   } else if (twice) {
     Tell(ColumnTwiceInStream(place, key));
   }
   _Columns.push_back({std::string(key), type});
 }
 
-void StreamReader::TakeUnknownKey(std::string_view key) {
+void StreamReader::TakeUnknownKey(std::string_view key, const Failure& problem) {
+  if (_Unknown == UnknownKeys::Told) Tell(problem);
   _UnknownKeys.emplace(key);
   if (_UnknownKeys.size() > MostUnknownKeys) throw StreamWithUnknownKeys(_Path, MostUnknownKeys);
 }

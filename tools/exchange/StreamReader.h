@@ -29,12 +29,19 @@ struct StreamContent {
   std::vector<StreamReference> Reused;  // each reference to another analysis
   std::vector<Failure> Problems;        // in the order of the items; the first ones of very many
   std::size_t FurtherProblems = 0;      // behind those
+
+  /// The problems; the further ones as their number.
+  std::vector<Failure> AllProblems(const std::string& path) const;
 };
 
 class StreamReader {
  public:
+  /// Whether a key that the exchange does not know is a problem.
+  enum class UnknownKeys { Told, PassedOver };
+
   /// path  what messages call the stream. Both have to outlive the reader.
-  StreamReader(const std::string& path, ExchangeVocabulary& vocabulary) : _Path(path), _Vocabulary(vocabulary) {}
+  StreamReader(const std::string& path, ExchangeVocabulary& vocabulary, UnknownKeys unknown = UnknownKeys::Told)
+      : _Path(path), _Vocabulary(vocabulary), _Unknown(unknown) {}
 
   /// Reads the bytes of a stream: UTF-8, or Windows-1252 if they are no UTF-8 as a whole. Raises StreamEmpty,
   /// StreamWithNul, StreamWithTooManyItems, StreamWithUnknownKeys and StreamHoldsNothing.
@@ -59,11 +66,12 @@ class StreamReader {
   const Column* FindColumn(std::string_view text);
   bool CheckRow(std::string_view text, int row);
   void CheckValue(std::string_view key, ExchangeType type, std::string_view value);
-  void TakeUnknownKey(std::string_view key);
+  void TakeUnknownKey(std::string_view key, const Failure& problem);
   void Tell(const Failure& problem);
 
   const std::string& _Path;
   ExchangeVocabulary& _Vocabulary;
+  UnknownKeys _Unknown;
   std::size_t _Item = 0;  // that is being read, from 1
   bool _HoldsSomething = false;
   std::set<std::string, std::less<>> _Attributes;  // keys met

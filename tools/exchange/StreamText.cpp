@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "VEXTADataIO.h"
+#include "tools/exchange/ExchangeMessages.h"
 #include "tools/exchange/ExchangedAnalysis.h"
 
 namespace tool {
@@ -46,7 +47,34 @@ AnalysisHandle CalculatedCopy(VEXTimeAnalysisRepReference& analysis, VEXSTMTimeA
   return copy;
 }
 
-void RestoreTotalsInSeconds(VEXTimeAnalysisRepReference& analysis, VEXSTMTimeAnalysisDlgServices& services) {
+}  // namespace
+
+std::string_view WithoutStreamEnd(std::string_view text) {
+  if (text.starts_with(ByteOrderMark)) text.remove_prefix(ByteOrderMark.size());
+  return WithoutEnding(WithoutEnding(text, "\r\n"), "|");
+}
+
+std::optional<Failure> FaultOfEnds(const std::string& path, std::string_view bytes) {
+  std::string_view first = bytes;
+  if (first.starts_with(ByteOrderMark)) {
+    first.remove_prefix(ByteOrderMark.size());
+    if (first.starts_with("AttributeData:") || first.starts_with("LineData:")) return StreamMarkRead(path);
+  }
+  const std::string_view without_line_feeds = WithoutEnding(bytes, "\n");
+  if (!without_line_feeds.ends_with('\r')) return std::nullopt;
+  const std::string_view last = WithoutEnding(without_line_feeds, "\r");
+  if (last.empty() || last.ends_with('|')) return std::nullopt;  // an item of its own, which nobody reads
+  return StreamReturnRead(path);
+}
+
+std::string_view SeparatorIn(std::string_view value) {
+  constexpr std::string_view separators(":|\0", 3);
+  const std::size_t found = value.find_first_of(separators);
+  if (found == std::string_view::npos) return {};
+  return value[found] == '\0' ? "NUL" : value[found] == ':' ? "\":\"" : "\"|\"";
+}
+
+void SetTotalsInSeconds(VEXTimeAnalysisRepReference& analysis, VEXSTMTimeAnalysisDlgServices& services) {
   const AnalysisHandle calculated = CalculatedCopy(analysis, services);
   for (const Total& total : Totals) {
     if (!HasSameReal(analysis, *calculated, total.Tmu)) return;
@@ -58,24 +86,10 @@ void RestoreTotalsInSeconds(VEXTimeAnalysisRepReference& analysis, VEXSTMTimeAna
   }
 }
 
-}  // namespace
-
-std::string_view WithoutStreamEnd(std::string_view text) {
-  if (text.starts_with(ByteOrderMark)) text.remove_prefix(ByteOrderMark.size());
-  return WithoutEnding(WithoutEnding(text, "\r\n"), "|");
-}
-
-std::string_view SeparatorIn(std::string_view value) {
-  constexpr std::string_view separators(":|\0", 3);
-  const std::size_t found = value.find_first_of(separators);
-  if (found == std::string_view::npos) return {};
-  return value[found] == '\0' ? "NUL" : value[found] == ':' ? "\":\"" : "\"|\"";
-}
-
 void FillAnalysis(VEXTimeAnalysisRepReference& analysis, KORListValKORUnicodeString& items,
                   VEXSTMTimeAnalysisDlgServices& services) {
   (void)VEXTADataIO::SetAnalysisData("", items, &analysis);
-  RestoreTotalsInSeconds(analysis, services);
+  SetTotalsInSeconds(analysis, services);
 }
 
 }  // namespace tool

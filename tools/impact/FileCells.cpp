@@ -12,7 +12,8 @@ namespace {
 std::string_view ContentOf(std::string_view cell) {
   const bool quoted = cell.size() > 1 && cell.starts_with('"') && cell.ends_with('"');
   if (quoted && cell.find('"', 1) == cell.size() - 1) cell = cell.substr(1, cell.size() - 2);
-  return Trimmed(cell);
+  const std::string_view content = Trimmed(cell);
+  return content.empty() ? cell.substr(0, 0) : content;
 }
 
 }  // namespace
@@ -27,7 +28,7 @@ std::optional<std::string> WithCellsChanged(std::string_view text, const std::ve
       if (change->Place == 0 || change->Place > record.Extents.size()) return std::nullopt;
       const CsvExtent& extent = record.Extents[change->Place - 1];
       const std::string_view content = ContentOf(text.substr(extent.Start, extent.Length));
-      const std::size_t start = content.empty() ? extent.Start : static_cast<std::size_t>(content.data() - text.data());
+      const auto start = static_cast<std::size_t>(content.data() - text.data());
       if (start < taken) return std::nullopt;
       changed += text.substr(taken, start - taken);
       changed += change->Content;

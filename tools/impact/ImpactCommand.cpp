@@ -70,7 +70,7 @@ class Impact {
 
   // Up to the first file that is written a run that is to stop changes nothing.
   void Tick(std::string_view work, std::size_t done, std::size_t count) {
-    if (IsStopWanted()) throw StoppedInBetween(Interrupted(), {}, {});
+    if (IsStopWanted()) throw InterruptedEarly();
     _Progress.Show(work, done, count);
   }
 

@@ -84,6 +84,10 @@ Failure Interrupted() {
   return {ExitStatus::Stopped, "interrupted"};
 }
 
+Failure InterruptedEarly() {
+  return {ExitStatus::Stopped, "interrupted ahead of the first change; all files are old"};
+}
+
 Failure StoppedInBetween(const Failure& cause, const std::vector<std::string>& written,
                          const std::vector<std::string>& old) {
   const std::size_t count = written.size() + old.size();

@@ -27,6 +27,7 @@ PlacedFailure FileIsLink(const std::string& path);
 PlacedFailure FileIsReadOnly(const std::string& path);
 Failure NothingApplied();
 Failure Interrupted();
+Failure InterruptedEarly();
 /// The end ahead of time of a run that changes files: which of them are new, and which are old.
 Failure StoppedInBetween(const Failure& cause, const std::vector<std::string>& written,
                          const std::vector<std::string>& old);

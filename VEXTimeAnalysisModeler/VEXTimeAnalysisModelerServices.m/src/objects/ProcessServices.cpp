@@ -10,7 +10,7 @@ namespace objects {
 
 namespace {
 
-// To name the class of the component keeps its source, which registers it, in every program that asks for it here.
+// To name the class of the component links its source, which registers it, into every program that asks for it here.
 HandedOut<VEXITimeAnalysisSessionServicesMgr> InstantiateManager() {
   return HandedOutUntyped<VEXITimeAnalysisSessionServicesMgr>([](void** out) {
     return KORInstantiateComponent(VEXETimeAnalysisSessionServicesMgr::ClassName(),

@@ -41,6 +41,14 @@ KORIAdpPLMIdentificator_var IdentificatorOf(KORBaseUnknown* object) {
 
 }  // namespace
 
+// Here, so that who names the interface links the component, too.
+const KORMetaClass* VEXITimeAnalysisSessionServicesMgr::MetaObject() {
+  static constexpr KORUuid Identifier{
+      {0xCB, 0x23, 0x09, 0x9A, 0x60, 0x91, 0x46, 0xA8, 0x88, 0x23, 0x00, 0x5B, 0x60, 0x65, 0x5E, 0xCA}};
+  static const KORMetaClass description{"VEXITimeAnalysisSessionServicesMgr", Identifier, KORBaseUnknown::MetaObject()};
+  return &description;
+}
+
 const KORMetaClass* VEXETimeAnalysisSessionServicesMgr::MetaObject() {
   static const KORMetaClass description{"VEXETimeAnalysisSessionServicesMgr",
                                         KORUuid::OfName("VEXETimeAnalysisSessionServicesMgr"),
