@@ -11,9 +11,9 @@
 
 #include "VEXSTTApplicativeContainerServices.h"
 #include "fuzz/FuzzSupport.h"
+#include "objects/ComponentsToSave.h"
 #include "objects/ImpactPropagation.h"
 #include "objects/ReuseIndex.h"
-#include "objects/ReusingLines.h"
 #include "platform/base/KORStatus.h"
 #include "platform/model/KORModel.h"
 #include "platform/system/KORSession.h"
@@ -83,8 +83,8 @@ std::string ContentAfter(std::span<const std::uint8_t> input, Way update) {
   const World world(input);
   objects::ReuseIndex reuses;
   (void)reuses.Enter(world.All(), S_OK);
-  objects::RewrittenComponents components;
-  update(world.Changed(), *reuses.Table(), components.List());
+  objects::ComponentsToSave components;
+  update(world.Changed(), reuses.Table(), components.List());
   return world.Content();
 }
 

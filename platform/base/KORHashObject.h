@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <unordered_map>
 #include <vector>
 
 #include "platform/base/KORExport.h"
@@ -15,6 +14,9 @@ class KORPLATFORM_API KORHashObject {
  public:
   /// `initial_size`: how many entries the table takes before it grows.
   explicit KORHashObject(int initial_size);
+  /// There is no taking over: a table that another one is made of keeps its entries.
+  KORHashObject(const KORHashObject&) = default;
+  KORHashObject& operator=(const KORHashObject&) = default;
 
   /// Adds an entry and gives 1; gives 0 and changes nothing if the key stands already.
   int Insert(void* key, void* value);
@@ -40,7 +42,12 @@ class KORPLATFORM_API KORHashObject {
     void* Value;
   };
 
+  std::size_t PlaceOf(const void* key) const;
+  void MakePlaces(std::size_t entries);
+
   std::vector<Entry> _Entries;  // in the order in which they were added
-  std::unordered_map<const void*, std::size_t> _Indices;
+  // Where the entries stand, as a number from 1, each in the first empty place from the one that its key comes to; 0 in
+  // an empty place. Their number is a power of 2, and at most half of them are taken.
+  std::vector<std::size_t> _Places;
   std::size_t _Next = 0;
 };

@@ -1,9 +1,11 @@
 // The loading of a representation in authoring mode.
 #include <gtest/gtest.h>
 
+#include <exception>
 #include <string>
 
 #include "VEXSTMTimeAnalysisDlgServices.h"
+#include "platform/base/KORError.h"
 #include "platform/model/KORFeatureContainer.h"
 #include "tests/calculation/AnalysisShell.h"
 #include "tests/objects/ObjectsTest.h"
@@ -122,6 +124,18 @@ INSTANTIATE_TEST_SUITE_P(Calls, AuthoringLoadFaultTest,
                               "fault, Authoring_Mode", "S_OK, Authoring_Mode"},
                          })),
                          objectstest::FaultCaseName());
+
+TEST_F(AuthoringLoadTest, ErrorsOfThePlatformPassThrough) {
+  const auto pick = NewAnalysisWithContainer("Pick");
+  for (const char* call : {"CreateSwitchEngine", "AddSwitchComponent", "AddALoadingModeRule", "SetLoadingRules",
+                           "PrepareSwitch", "ExecuteSwitch", "KORPLMApplicativeContainerServices::Retrieve"}) {
+    const KORFault fault{S_OK, KORFault::Kind::Raised, KORFault::Life::Once,
+                         std::make_exception_ptr(KORError(E_FAIL, "raised"))};
+    _Session.InjectFault(call, fault);
+    EXPECT_THROW((void)Load(pick), KORError) << call;
+    EXPECT_EQ(Load(pick), "S_OK") << call;
+  }
+}
 
 struct StopRow {
   const char* name;

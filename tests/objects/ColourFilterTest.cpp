@@ -12,7 +12,12 @@
 
 namespace {
 
-using namespace objectstest;
+using objectstest::AllFaults;
+using objectstest::FaultCaseName;
+using objectstest::FaultTest;
+using objectstest::ObjectsRowTest;
+using objectstest::ObjectsTest;
+using objectstest::StatusName;
 using support::RowName;
 
 void OpenWindow(const KORFrmWindow::Filter& filter) {

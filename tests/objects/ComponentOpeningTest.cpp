@@ -12,9 +12,18 @@
 
 namespace {
 
-using namespace objectstest;
 using calculationtest::MakeBareObject;
 using calculationtest::MakeShell;
+using objectstest::AllFaults;
+using objectstest::FaultCaseName;
+using objectstest::FaultOf;
+using objectstest::FaultTest;
+using objectstest::ListOf;
+using objectstest::NameOf;
+using objectstest::NewAnalysis;
+using objectstest::NewDrawing;
+using objectstest::ObjectsRowTest;
+using objectstest::StatusName;
 using support::RowName;
 
 std::string Open(const KORIPLMComponent_var& component) {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <exception>
 #include <new>
 #include <string>
 #include <vector>
@@ -97,6 +98,18 @@ class ImpactFailureTest : public objectstest::ObjectsTest {
  protected:
   SaveLog _Log;
 };
+
+TEST_F(ImpactFailureTest, ErrorsOfThePlatformPassThrough) {
+  const auto grip = NewTemplate("Grip", 10.0);
+  NewAnalysis("Pick", {ReusingLine("Grip", grip)});
+  for (const char* call : {"GetAllTimeAnalysis", "Save"}) {
+    const KORFault fault{S_OK, KORFault::Kind::Raised, KORFault::Life::Once,
+                         std::make_exception_ptr(KORError(E_FAIL, "raised"))};
+    _Session.InjectFault(call, fault);
+    EXPECT_EQ(Propagate(grip), "raised") << call;
+    EXPECT_EQ(Propagate(grip), "S_OK") << call;
+  }
+}
 
 TEST_F(ImpactFailureTest, AFailedListIsNotToldIfNothingReusesTheAnalysis) {
   const auto grip = NewTemplate("Grip", 10.0);

@@ -14,8 +14,16 @@
 
 namespace {
 
-using namespace objectstest;
+using objectstest::AllFaults;
+using objectstest::FaultCaseName;
+using objectstest::FaultKinds;
+using objectstest::FaultOf;
+using objectstest::FaultTest;
+using objectstest::ObjectsRowTest;
+using objectstest::ObjectsTest;
+using objectstest::StatusName;
 using support::RowName;
+
 using Names = std::vector<const char*>;
 
 KORICkeParm_var Parameter(const char* name) {

@@ -14,8 +14,25 @@
 
 namespace {
 
-using namespace objectstest;
 using calculationtest::MakeBareObject;
+using objectstest::AllFaults;
+using objectstest::Attach;
+using objectstest::FaultCaseName;
+using objectstest::FaultOf;
+using objectstest::FaultTest;
+using objectstest::InstancesUnder;
+using objectstest::ListOf;
+using objectstest::Marker;
+using objectstest::NameOf;
+using objectstest::NewAnalysis;
+using objectstest::NewDrawing;
+using objectstest::NewOccurrence;
+using objectstest::NewOperation;
+using objectstest::ObjectsRowTest;
+using objectstest::ObjectsTest;
+using objectstest::Occurrence_var;
+using objectstest::ReferencesOf;
+using objectstest::StatusName;
 using support::RowName;
 
 /// Makes the object that an operation is asked about.

@@ -9,7 +9,17 @@
 
 namespace {
 
-using namespace objectstest;
+using objectstest::AllFaults;
+using objectstest::ExpectOutcomeUnderFault;
+using objectstest::FaultCase;
+using objectstest::FaultCaseName;
+using objectstest::InjectedStatus;
+using objectstest::NewAnalysis;
+using objectstest::ObjectsRowTest;
+using objectstest::ObjectsTest;
+using objectstest::ReferencesOf;
+using objectstest::StatusName;
+
 using Factory_var = PLMIRepresentationReferenceFactory_var;
 using Manager_var = VEXITimeAnalysisSessionServicesMgr_var;
 
@@ -33,7 +43,7 @@ class GetRepRefFactoryTest : public ObjectsRowTest<FaultCase> {
   }
 
  private:
-  const VEXSTTProvider _LetsGoOfTheFactory;
+  const VEXSTTProvider _LetsGoOfTheFactory{};
 };
 
 TEST_F(GetRepRefFactoryTest, GivesTheSameOneEachTime) {

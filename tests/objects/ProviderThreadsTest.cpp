@@ -11,7 +11,13 @@
 
 namespace {
 
-using namespace objectstest;
+using objectstest::ListOf;
+using objectstest::NewAnalysis;
+using objectstest::NewDrawing;
+using objectstest::NewOccurrence;
+using objectstest::NewOperation;
+using objectstest::Operation_var;
+
 using Manager_var = VEXITimeAnalysisSessionServicesMgr_var;
 
 constexpr int ThreadCount = 8;

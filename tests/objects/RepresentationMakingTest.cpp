@@ -14,8 +14,25 @@
 
 namespace {
 
-using namespace objectstest;
 using calculationtest::MakeBareObject;
+using objectstest::AllFaults;
+using objectstest::FaultCaseName;
+using objectstest::FaultOf;
+using objectstest::FaultTest;
+using objectstest::InjectedStatus;
+using objectstest::InstancesUnder;
+using objectstest::Line;
+using objectstest::Marker;
+using objectstest::NameOf;
+using objectstest::NewAnalysis;
+using objectstest::NewDrawing;
+using objectstest::NewOccurrence;
+using objectstest::NewOperation;
+using objectstest::ObjectsRowTest;
+using objectstest::ObjectsTest;
+using objectstest::Operation_var;
+using objectstest::ReferencesOf;
+using objectstest::StatusName;
 
 // ---- Making ----
 

@@ -10,10 +10,17 @@
 
 namespace {
 
-using namespace objectstest;
 using calculationtest::AnalysisShell;
-using calculationtest::MakeShell;
 using calculationtest::MakeShellWithout;
+using objectstest::InjectedStatus;
+using objectstest::Line;
+using objectstest::ListOf;
+using objectstest::Marker;
+using objectstest::NamesOf;
+using objectstest::NewAnalysis;
+using objectstest::ObjectsTest;
+using objectstest::ReferencesOf;
+using objectstest::TimeAnalysis_var;
 
 // The names in the list, which held something else before.
 std::string ReusedBy(const VEXITimeAnalysisRepReference_var& analysis) {

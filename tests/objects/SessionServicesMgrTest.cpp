@@ -13,8 +13,22 @@
 
 namespace {
 
-using namespace objectstest;
 using calculationtest::MakeBareObject;
+using objectstest::AllFaults;
+using objectstest::FaultCaseName;
+using objectstest::FaultKinds;
+using objectstest::FaultOf;
+using objectstest::FaultTest;
+using objectstest::ListOf;
+using objectstest::Marker;
+using objectstest::NameOf;
+using objectstest::NamesOf;
+using objectstest::NewAnalysis;
+using objectstest::NewDrawing;
+using objectstest::ObjectsTest;
+using objectstest::ReferencesOf;
+using objectstest::StatusName;
+
 using Manager_var = VEXITimeAnalysisSessionServicesMgr_var;
 
 // A table of its own, which ends with the test.

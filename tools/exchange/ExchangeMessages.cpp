@@ -281,9 +281,10 @@ Failure StreamNotMigrated(const std::string& path, long status) {
 }
 
 Failure StreamWithLosses(const std::string& path, std::size_t count) {
-  return Finding(path + ": " + std::to_string(count) + (count == 1 ? " value does" : " values do") +
-                 " not come over whole, as told on standard error; correct them, or let the rest be migrated with "
-                 "--lossy");
+  const bool is_one = count == 1;
+  return Finding(path + ": " + std::to_string(count) + (is_one ? " value does" : " values do") +
+                 " not come over whole, as told on standard error; correct " + (is_one ? "it" : "them") +
+                 ", or let the rest be migrated with --lossy");
 }
 
 Failure ValueLost(const ExchangedAnalysis& analysis, const Loss& loss, std::string_view form) {

@@ -24,9 +24,11 @@ void RunExport(const CommandLine& line, const Surroundings& surroundings, Answer
   ExchangeVocabulary vocabulary;
   AnalysisRun run(line, catalogue, services, answers);
   ExchangeWriter writer(line, catalogue, surroundings, services, vocabulary, answers);
-  run.Build([&writer](const AnalysisFolder::Member& member, const BuiltAnalysis& built, const ReusedAnalyses& reused) {
-    writer.Take(Exchanged(member, built), reused);
-  });
+  // Files of calc are written without recorded times, the other forms have the times that count.
+  const bool loses_recorded = line.Format == "csv";
+  run.Build([&writer](const AnalysisFolder::Member& member, const BuiltAnalysis& built,
+                      const ReusedAnalyses& reused) { writer.Take(Exchanged(member, built), reused); },
+            loses_recorded ? AnalysisRun::OutOfDate::Told : AnalysisRun::OutOfDate::PassedOver);
   writer.Finish();
 }
 

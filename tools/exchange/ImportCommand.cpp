@@ -21,7 +21,8 @@ class StreamImport {
  public:
   StreamImport(const CommandLine& line, const Surroundings& surroundings, Answers& answers)
       : _Line(line), _Surroundings(surroundings), _Answers(answers) {
-    for (StreamInput& input : FindStreams(line, [&answers](const Failure& fault) { answers.Tell(fault); })) {
+    const auto tell = [&answers](const std::string& /*path*/, const Failure& cause) { answers.Tell(cause); };
+    for (StreamInput& input : FindStreams(line, tell)) {
       AnalysisHandle made = _Made.Make(input.Identifier);
       _Analyses.push_back({input, {input.Identifier, input.Path, std::move(made), {}, input.IsNamed, true}});
     }

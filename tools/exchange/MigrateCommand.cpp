@@ -27,7 +27,7 @@ class StreamMigration {
  public:
   StreamMigration(const CommandLine& line, const Surroundings& surroundings, Answers& answers)
       : _Line(line), _Surroundings(surroundings), _Answers(answers), _Report(answers.Out(), line.Json) {
-    const auto skip = [this](const Failure& fault) { Skip({}, fault); };
+    const auto skip = [this](const std::string& path, const Failure& cause) { Skip(path, cause); };
     for (const StreamInput& input : FindStreams(line, skip)) {
       _Streams.push_back({input, {_Made.Make(input.Identifier), input.Path}, {}, {}, {}});
     }
@@ -70,9 +70,9 @@ class StreamMigration {
     std::optional<Failure> Fault;  // for which the stream is skipped
   };
 
-  void Skip(const std::string& path, const Failure& fault) {
-    _Report.Add({path, MigrationResult::Skipped, {}, 0, {}, fault.what()});
-    _Answers.Note(fault.GetStatus());
+  void Skip(const std::string& path, const Failure& cause) {
+    _Report.Add({path, MigrationResult::Skipped, {}, 0, {}, cause.what()});
+    _Answers.Note(cause.GetStatus());
   }
 
   // Tells of values that do not come over whole; they skip the stream unless the rest is wanted.

@@ -20,8 +20,6 @@ namespace {
 
 namespace files = std::filesystem;
 
-using Tell = std::function<void(const Failure&)>;
-
 constexpr std::string_view Extension = ".stream";
 constexpr const char* InputName = "standard input";
 constexpr const char* InputIdentifier = "standard-input";
@@ -34,7 +32,7 @@ std::string TextOfName(const std::string& name) {
 
 class StreamFinder {
  public:
-  explicit StreamFinder(const Tell& tell) : _Tell(tell) {}
+  explicit StreamFinder(const TellLeftOut& tell) : _Tell(tell) {}
 
   void Add(const std::string& path) {
     std::error_code error;
@@ -42,7 +40,7 @@ class StreamFinder {
     if (path == "-") {
       _Found.push_back({InputName, InputIdentifier, true, false});
     } else if (status.type() == files::file_type::not_found) {
-      _Tell(NoSuchStreamOrFolder(path));
+      _Tell(path, NoSuchStreamOrFolder(path));
     } else if (status.type() == files::file_type::directory) {
       AddFolder(path);
     } else {
@@ -57,21 +55,21 @@ class StreamFinder {
     bool any_unreadable = false;
     const std::vector<std::string> paths =
         FilesBelow(folder, Extension, [&](const std::string& unreadable, const std::string& cause) {
-          _Tell(FolderNotReadable(unreadable, cause));
+          _Tell(unreadable, FolderNotReadable(unreadable, cause));
           any_unreadable = true;
         });
-    if (paths.empty() && !any_unreadable) _Tell(StreamFolderEmpty(folder));
+    if (paths.empty() && !any_unreadable) _Tell(folder, StreamFolderEmpty(folder));
     const std::string canonical = CanonicalPath(folder);
     for (const std::string& path : paths) {
       if (LeadsOutOf(canonical, path)) {
-        _Tell(StreamOutsideFolder(path, folder));
+        _Tell(path, StreamOutsideFolder(path, folder));
       } else {
         _Found.push_back({path, TextOfName(WithoutExtension(PathFrom(folder, path), Extension))});
       }
     }
   }
 
-  const Tell& _Tell;
+  const TellLeftOut& _Tell;
   std::vector<StreamInput> _Found;
 };
 
@@ -98,7 +96,7 @@ std::string ReadInput(const StreamInput& input, std::istream& stream) {
 
 }  // namespace
 
-std::vector<StreamInput> FindStreams(const CommandLine& line, const Tell& tell) {
+std::vector<StreamInput> FindStreams(const CommandLine& line, const TellLeftOut& tell) {
   StreamFinder finder(tell);
   for (const std::string& path : line.Texts) finder.Add(path);
   std::vector<StreamInput> found = finder.Take();
@@ -114,9 +112,9 @@ std::vector<StreamInput> FindStreams(const CommandLine& line, const Tell& tell) 
   for (const StreamInput& input : found) {
     const auto [owner, is_new] = owners.emplace(input.Identifier, input.Path);
     if (!IsUsable(input.Identifier)) {
-      tell(StreamIdentifierNotUsable(input.Path, input.Identifier));
+      tell(input.Path, StreamIdentifierNotUsable(input.Path, input.Identifier));
     } else if (!is_new) {
-      tell(StreamIdentifierShared(input.Path, input.Identifier, owner->second));
+      tell(input.Path, StreamIdentifierShared(input.Path, input.Identifier, owner->second));
     } else {
       usable.push_back(input);
     }

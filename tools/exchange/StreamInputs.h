@@ -18,12 +18,15 @@ struct StreamInput {
   bool IsNamed = true;  // by its file or by --identifier
 };
 
+/// Takes the path of what is left out, and the cause.
+using TellLeftOut = std::function<void(const std::string& path, const Failure& cause)>;
+
 /// The streams in the order of the command line; those of a folder, and of folders in it, are the files whose names end
-/// in ".stream". `tell` is called with each cause for which one is left out.
+/// in ".stream". `tell` is called with what is left out.
 ///
 /// An analysis is called by the name of its file without the extension, in a folder by its path from there; the one of
 /// standard input "standard-input". --identifier names another for a single one. Raises IdentifierOfSeveral.
-std::vector<StreamInput> FindStreams(const CommandLine& line, const std::function<void(const Failure&)>& tell);
+std::vector<StreamInput> FindStreams(const CommandLine& line, const TellLeftOut& tell);
 
 /// The bytes of a stream. Raises StreamNotReadable and StreamTooLong.
 std::string ReadStreamBytes(const StreamInput& input, const Surroundings& surroundings);

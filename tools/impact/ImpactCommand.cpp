@@ -101,11 +101,17 @@ class Impact {
       paths.push_back(member.File.GetPath());
       found = position;
     }
-    if (paths.empty()) {
-      throw TemplateNotFound(_Line.Texts.front(), _Line.Template, NearestNames(_Line.Template, identifiers));
-    }
+    if (paths.empty()) throw TemplateNotFound(_Line.Texts.front(), _Line.Template, NearestTo(identifiers));
     if (paths.size() > 1) throw TemplateShared(_Line.Template, paths);
     return found;
+  }
+
+  // A file that is called as typed is the nearest, whatever its identifier is.
+  std::vector<std::string> NearestTo(const std::vector<std::string>& identifiers) const {
+    for (const FolderAnalysis& analysis : _Analyses) {
+      if (analysis.Member->Name == _Line.Template) return {analysis.Member->Identifier};
+    }
+    return NearestNames(_Line.Template, identifiers);
   }
 
   void Climb() {

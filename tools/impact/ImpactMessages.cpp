@@ -92,9 +92,9 @@ Failure StoppedInBetween(const Failure& cause, const std::vector<std::string>& w
                          const std::vector<std::string>& old) {
   const std::size_t count = written.size() + old.size();
   return {ExitStatus::Stopped, std::string(cause.what()) + "\n" + std::to_string(written.size()) + " of " +
-                                   std::to_string(count) + (count == 1 ? " file is" : " files are") +
-                                   " new, each whole; run the command again for the others" + Listed("new", written) +
-                                   Listed("old", old)};
+                                   std::to_string(count) + (count == 1 ? " file" : " files") +
+                                   " written, each whole; run the command again for the others" +
+                                   Listed("new", written) + Listed("old", old)};
 }
 
 }  // namespace tool

@@ -142,7 +142,7 @@ void WriteImpactTables(std::ostream& output, const ImpactReport& report, const R
   output << changed.File.GetPath() << (name.empty() ? "" : ": ") << Printable(name) << "\nidentifier "
          << Printable(changed.Identifier) << ", total "
          << PlainNumberText(unit.Convert(ReadTotals(report.Analyses[report.Template].Built).back())) << ' '
-         << unit.GetHeading() << "\n\n";
+         << unit.GetHeading() << (report.Analyses[report.Template].Built.IsComplete ? "\n\n" : ", incomplete\n\n");
   if (report.Impacted.empty()) {
     output << "No analysis reuses it\n";
     return;

@@ -383,7 +383,7 @@ KORUnicodeString VEXSTMTimeAnalysisDlgServices::GetTAPLMExternalID(KORBaseUnknow
 }
 
 KORBaseUnknown_var VEXSTMTimeAnalysisDlgServices::GetTAFromPLMExternalID(KORUnicodeString identifier) {
-  return objects::FindAnalysis(identifier);
+  return objects::FindByIdentifier(identifier);
 }
 
 long VEXSTMTimeAnalysisDlgServices::LoadRepRef(KORBaseUnknown* analysis) {

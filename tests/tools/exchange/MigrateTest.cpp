@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <nlohmann/json.hpp>
@@ -11,6 +12,7 @@
 #include <vector>
 
 #include "VEXTADataIO.h"
+#include "platform/model/VEXTimeAnalysisRepReference.h"
 #include "tests/support/FullDisk.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/tools/ToolRun.h"
@@ -63,15 +65,17 @@ TEST(Migrate, ReportsOnEachStream) {
   const ToolOutcome outcome = RunInProcess({"migrate", examples, "--into", out});
   EXPECT_THAT(LinesOf(outcome.Output),
               ElementsAre("migrated   " + examples + "/housing.stream: 8 lines to " + out + "/housing.csv",
-                          "migrated   " + examples + "/station-4.stream: 3 lines to " + out + "/station-4.csv",
+                          "migrated   " + examples + "/station-4.stream: 7 lines to " + out + "/station-4.csv",
                           "2 migrated, 0 unchanged, 0 skipped"));
 }
 
 TEST(Migrate, ReportsInJson) {
   const TemporaryFolder folder;
   folder.Write("in/bad.stream", "");
-  folder.Write("in/good.stream", "AttributeData:weight:8:3|LineData:t:0:0:8:colour|AttributeData:name:8:x|"
-                                 "LineData:t:0:1:8:code|LineData:t:1:0:8:red|LineData:t:1:1:8:*");
+  folder.Write("in/good.stream",
+               "AttributeData:weight:8:3|LineData:t:0:0:8:colour|AttributeData:name:8:x|"
+               "LineData:t:0:1:8:code|LineData:t:0:2:8:timetype|LineData:t:1:0:8:red|LineData:t:1:1:8:*|"
+               "LineData:t:1:2:8:TTB");
   const ToolOutcome outcome = Migrate(folder, {"--json"});
   EXPECT_EQ(outcome.ExitStatus, 2);
   const std::vector<std::string> lines = LinesOf(outcome.Output);
@@ -96,16 +100,18 @@ TEST(Migrate, ReportsInJson) {
 // Each name stands once, however many cells have it.
 TEST(Migrate, ReportsNamesThatTheExchangeDoesNotKnow) {
   const TemporaryFolder folder;
-  folder.Write("in/a.stream", "AttributeData:weight:8:3|AttributeData:name:8:x|AttributeData:area:8:3|"
-                              "LineData:t:0:0:8:colour|LineData:t:0:1:8:code|LineData:t:1:0:8:red|LineData:t:1:1:8:*|"
-                              "LineData:t:2:1:8:*|LineData:t:2:0:8:red");
+  folder.Write("in/a.stream",
+               "AttributeData:weight:8:3|AttributeData:name:8:x|AttributeData:area:8:3|"
+               "LineData:t:0:0:8:colour|LineData:t:0:1:8:code|LineData:t:0:2:8:timetype|"
+               "LineData:t:1:0:8:red|LineData:t:1:1:8:*|LineData:t:1:2:8:TTB|LineData:t:2:1:8:*|"
+               "LineData:t:2:2:8:TTB|LineData:t:2:0:8:red");
   testing::internal::CaptureStderr();
   const ToolOutcome outcome = Migrate(folder);
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "the trace shows in the report alone";
   EXPECT_EQ(outcome.ExitStatus, 0) << outcome.Output << outcome.Errors;
   EXPECT_THAT(outcome.Output, HasSubstr(": 2 lines to " + folder.Path("out/a.csv") +
                                         "; unmapped attributes: area, weight; unmapped columns: colour\n"));
-  EXPECT_EQ(folder.Read("out/a.csv"), "# name: x\n# identifier: a\ncode\n*\n*\n");
+  EXPECT_EQ(folder.Read("out/a.csv"), "# name: x\n# identifier: a\ncode,time type\n*,TTB\n*,TTB\n");
 }
 
 TEST(Migrate, GivesTheTraceBack) {
@@ -129,42 +135,53 @@ TEST(Migrate, NamesFilesByTheirPathFromTheFolder) {
 
 // References
 
-const std::string ReuseOf =
-    "Save|||LineData:t:0:0:8:rowno|LineData:t:0:1:8:subanalysis|LineData:t:1:0:3:1|LineData:t:1:1:13:";
+// A stream whose rows reuse these analyses.
+std::string ReuseOf(const std::vector<std::string>& identifiers) {
+  std::string stream = "Save|x|STD";
+  int column = 0;
+  for (const char* key : {"code", "timetype", "subanalysis"}) {
+    stream += "|LineData:t:0:" + std::to_string(column++) + ":8:" + key;
+  }
+  for (std::size_t index = 0; index < identifiers.size(); ++index) {
+    const std::string cell = "|LineData:t:" + std::to_string(index + 1) + ":";
+    stream += cell + "0:8:" + identifiers[index] + cell + "1:8:TTB" + cell + "2:13:" + identifiers[index];
+  }
+  return stream;
+}
 
 TEST(Migrate, KeepsReferencesInAnyOrder) {
   const TemporaryFolder folder;
-  folder.Write("in/a.stream", ReuseOf + "z/b");
-  folder.Write("in/z/b.stream", ReuseOf + "c");
+  folder.Write("in/a.stream", ReuseOf({"z/b"}));
+  folder.Write("in/z/b.stream", ReuseOf({"c"}));
   folder.Write("in/c.stream", Good);
   const ToolOutcome outcome = Migrate(folder);
   EXPECT_EQ(outcome.ExitStatus, 0) << outcome.Output << outcome.Errors;
-  EXPECT_THAT(folder.Read("out/a.csv").value_or(""), HasSubstr("\n,z/b\n"));
-  EXPECT_THAT(folder.Read("out/z/b.csv").value_or(""), HasSubstr("\n,c\n"));
+  EXPECT_THAT(folder.Read("out/a.csv").value_or(""), HasSubstr("\n,TTB,z/b\n"));
+  EXPECT_THAT(folder.Read("out/z/b.csv").value_or(""), HasSubstr("\n,TTB,c\n"));
 }
 
 TEST(Migrate, TellsOfAReferenceThatLeadsNowhereAndKeepsIt) {
   const TemporaryFolder folder;
-  folder.Write("in/a.stream", ReuseOf + "b|LineData:t:2:1:13:b");
+  folder.Write("in/a.stream", ReuseOf({"b", "b"}));
   const ToolOutcome outcome = Migrate(folder);
   EXPECT_EQ(outcome.ExitStatus, 1);
   EXPECT_THAT(LinesOf(outcome.Errors), ElementsAre(HasSubstr("row 1: the reused analysis \"b\" is not among")));
-  EXPECT_THAT(folder.Read("out/a.csv").value_or(""), HasSubstr("\n,b\n,b\n"));
+  EXPECT_THAT(folder.Read("out/a.csv").value_or(""), HasSubstr("\n,TTB,b\n,TTB,b\n"));
 }
 
 TEST(Migrate, KeepsTheReferenceToAStreamThatIsSkipped) {
   const TemporaryFolder folder;
-  folder.Write("in/a.stream", ReuseOf + "b");
+  folder.Write("in/a.stream", ReuseOf({"b"}));
   folder.Write("in/b.stream", "");
   const ToolOutcome outcome = Migrate(folder);
   EXPECT_EQ(outcome.ExitStatus, 2);
   EXPECT_THAT(outcome.Output, HasSubstr("1 migrated, 0 unchanged, 1 skipped"));
-  EXPECT_THAT(folder.Read("out/a.csv").value_or(""), HasSubstr("\n,b\n"));
+  EXPECT_THAT(folder.Read("out/a.csv").value_or(""), HasSubstr("\n,TTB,b\n"));
 }
 
 TEST(Migrate, SkipsAFileThatWouldFindAnotherAnalysis) {
   const TemporaryFolder folder;
-  folder.Write("in/deep/a.stream", ReuseOf + "b");
+  folder.Write("in/deep/a.stream", ReuseOf({"b"}));
   folder.Write("in/deep/b.stream", Good);
   folder.Write("in/b.stream", Good);
   const ToolOutcome outcome = Migrate(folder);
@@ -207,9 +224,10 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         SkippedStream{"Empty", Content(""), "empty; a stream is", 2},
         SkippedStream{"LineFeedsAlone", Content("\n\n"), "empty; a stream is", 2},
-        SkippedStream{"Binary", Content(std::string("\x7F"
-                                                    "ELF\0\1|:|\0",
-                                                    10)),
+        SkippedStream{"Binary",
+                      Content(std::string("\x7F"
+                                          "ELF\0\1|:|\0",
+                                          10)),
                       "holds a NUL byte", 2},
         SkippedStream{"Letter", Content("Dear Sirs,\nno stream\n"), "is it a stream?", 2},
         SkippedStream{"HeadAlone", Content("Save|x|STD|\n"), "no item of it is an attribute", 2},
@@ -219,19 +237,16 @@ INSTANTIATE_TEST_SUITE_P(
                         files::resize_file(folder.Path("in/bad.stream"), (std::uintmax_t{256} << 20) + 1);
                       },
                       "longer than 268435456 bytes", 2},
-        SkippedStream{"Pipe",
-                      [](const TemporaryFolder& folder) { mkfifo(folder.Path("in/bad.stream").c_str(), 0600); },
+        SkippedStream{"Pipe", [](const TemporaryFolder& folder) { mkfifo(folder.Path("in/bad.stream").c_str(), 0600); },
                       "not a regular file", 2},
-        SkippedStream{"LinkThatLeadsNowhere",
-                      [](const TemporaryFolder& folder) {
-                        files::create_symlink("nowhere", folder.Path("in/bad.stream"));
-                      },
-                      "cannot be read", 2},
-        SkippedStream{"LinkThatLeadsOut",
-                      [](const TemporaryFolder& folder) {
-                        files::create_symlink("/etc/hostname", folder.Path("in/bad.stream"));
-                      },
-                      "a link that leads out of the folder", 2},
+        SkippedStream{
+            "LinkThatLeadsNowhere",
+            [](const TemporaryFolder& folder) { files::create_symlink("nowhere", folder.Path("in/bad.stream")); },
+            "cannot be read", 2},
+        SkippedStream{
+            "LinkThatLeadsOut",
+            [](const TemporaryFolder& folder) { files::create_symlink("/etc/hostname", folder.Path("in/bad.stream")); },
+            "a link that leads out of the folder", 2},
         SkippedStream{"ValueWithColon", Content("AttributeData:name:8:12:30"), "1 value does not come over whole", 1},
         SkippedStream{"NoNumber", Content("AttributeData:state:3:x|AttributeData:version:3:y"),
                       "2 values do not come over whole", 1},
@@ -239,8 +254,9 @@ INSTANTIATE_TEST_SUITE_P(
                       "1 value does not come over whole", 1},
         SkippedStream{"CarriageReturnAtTheEnd", Content("AttributeData:name:8:x\r\n"),
                       "1 value does not come over whole", 1},
-        SkippedStream{"ByteOrderMarkAheadOfAValue", Content("\xEF\xBB\xBF"
-                                                            "AttributeData:name:8:x"),
+        SkippedStream{"ByteOrderMarkAheadOfAValue",
+                      Content("\xEF\xBB\xBF"
+                              "AttributeData:name:8:x"),
                       "1 value does not come over whole", 1},
         SkippedStream{"ValueThatTheFileCannotHold", Content("AttributeData:name:8: x "),
                       "1 value does not come over whole", 1}),
@@ -290,13 +306,12 @@ TEST(Migrate, ReportsStreamsThatCannotBeTold) {
   const ToolOutcome outcome =
       RunInProcess({"migrate", folder.Path("in"), folder.Path("in/good.stream"), "nope.stream", "--into", into});
   EXPECT_EQ(outcome.ExitStatus, 2);
-  EXPECT_THAT(LinesOf(outcome.Output),
-              ElementsAre(StartsWith("skipped    nope.stream: neither a file nor a folder"),
-                          HasSubstr("the identifier \"a|b\" is empty or holds a \"|\""),
-                          HasSubstr("the identifier \"good\" is that of"),
-                          HasSubstr("d.stream: the identifier \"c\\d\" is no name for a file"),
-                          StartsWith("migrated   " + folder.Path("in/good.stream")),
-                          "1 migrated, 0 unchanged, 4 skipped"));
+  EXPECT_THAT(LinesOf(outcome.Output), ElementsAre(StartsWith("skipped    nope.stream: neither a file nor a folder"),
+                                                   HasSubstr("the identifier \"a|b\" is empty or holds a \"|\""),
+                                                   HasSubstr("the identifier \"good\" is that of"),
+                                                   HasSubstr("d.stream: the identifier \"c\\d\" is no name for a file"),
+                                                   StartsWith("migrated   " + folder.Path("in/good.stream")),
+                                                   "1 migrated, 0 unchanged, 4 skipped"));
 }
 
 // Runs again
@@ -310,10 +325,9 @@ TEST(Migrate, LeavesAFileThatIsThereWithTheSameContent) {
   for (const std::vector<std::string>& options : {std::vector<std::string>{}, std::vector<std::string>{"--force"}}) {
     const ToolOutcome again = Migrate(folder, options);
     EXPECT_EQ(again.ExitStatus, 0);
-    EXPECT_THAT(LinesOf(again.Output),
-                ElementsAre("unchanged  " + folder.Path("in/good.stream") + ": 0 lines, already in " +
-                                folder.Path("out/good.csv"),
-                            "0 migrated, 1 unchanged, 0 skipped"));
+    EXPECT_THAT(LinesOf(again.Output), ElementsAre("unchanged  " + folder.Path("in/good.stream") +
+                                                       ": 0 lines, already in " + folder.Path("out/good.csv"),
+                                                   "0 migrated, 1 unchanged, 0 skipped"));
     EXPECT_EQ(files::last_write_time(folder.Path("out/good.csv")), time) << "not written again";
   }
 }

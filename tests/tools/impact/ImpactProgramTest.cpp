@@ -77,7 +77,7 @@ TEST_P(StoppedProgramTest, LeavesEachFileOldOrNewAndSaysWhich) {
   EXPECT_GT(written, 0);
   EXPECT_LT(written, file_count);
   std::ostringstream counts;
-  counts << "timeanalysis: interrupted\n" << written << " of " << file_count << " files are new";
+  counts << "timeanalysis: interrupted\n" << written << " of " << file_count << " files written";
   EXPECT_TRUE(ended.Messages.starts_with(counts.str())) << ended.Messages.substr(0, 200);
   using Entry = std::filesystem::directory_iterator;
   EXPECT_EQ(std::distance(Entry(model), Entry()), file_count + 1) << "nothing temporary is left";

@@ -308,6 +308,19 @@ TEST(RecordedTimes, OfTodayAreNotToldOf) {
   EXPECT_EQ(outcome.Errors, "");
 }
 
+// A stream has the time that counts; a file that is written anew would follow by itself.
+TEST(RecordedTimes, AreExportedAsTimesAndNotLostUntold) {
+  const support::TemporaryFolder folder;
+  WriteAll(folder, {{"t.csv", template_of_100}, {"a.csv", "reuse,recorded\nt,1.8\n"}});
+  const ToolOutcome stream = RunInProcess({"export", folder.Path(), "--into", folder.Path("out")});
+  EXPECT_EQ(stream.ExitStatus, 0) << stream.Errors;
+  EXPECT_NE(folder.Read("out/a.stream").value_or("").find(":5:1.8|"), std::string::npos);
+  const ToolOutcome csv = RunInProcess({"export", folder.Path(), "--into", folder.Path("out"), "--format", "csv"});
+  EXPECT_EQ(csv.ExitStatus, 1);
+  EXPECT_NE(csv.Errors.find("is out of date"), std::string::npos) << csv.Errors;
+  EXPECT_FALSE(folder.Read("out/a.csv").has_value());
+}
+
 struct FaultyRecord {
   const char* name;
   const char* content;
@@ -559,7 +572,7 @@ TEST(FilesOfImpact, AFullDiskLeavesEachOldOrNew) {
   EXPECT_EQ(outcome.ExitStatus, 3);
   EXPECT_EQ(outcome.Errors, "timeanalysis: " + folder.Path("b.csv") +
                                 ": cannot be written: File too large. What stood there was left as it is\n"
-                                "1 of 3 files are new, each whole; run the command again for the others\n  new  " +
+                                "1 of 3 files written, each whole; run the command again for the others\n  new  " +
                                 folder.Path("a.csv") + "\n  old  " + folder.Path("b.csv") + "\n  old  " +
                                 folder.Path("c.csv") + "\n");
   EXPECT_EQ(StateOf(outcome, "a"), "written");
@@ -583,7 +596,7 @@ TEST(FilesOfImpact, AStopBetweenTwoFilesLeavesEachOldOrNew) {
   EXPECT_EQ(outcome.ExitStatus, 3);
   EXPECT_EQ(
       outcome.Errors,
-      "timeanalysis: interrupted\n2 of 3 files are new, each whole; run the command again for the others\n  new  " +
+      "timeanalysis: interrupted\n2 of 3 files written, each whole; run the command again for the others\n  new  " +
           folder.Path("a.csv") + "\n  new  " + folder.Path("b.csv") + "\n  old  " + folder.Path("c.csv") + "\n");
   EXPECT_EQ(StateOf(outcome, "b"), "written");
   EXPECT_EQ(StateOf(outcome, "c"), "old");

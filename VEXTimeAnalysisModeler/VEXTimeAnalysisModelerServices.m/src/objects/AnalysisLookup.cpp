@@ -6,7 +6,7 @@
 
 namespace objects {
 
-KORBaseUnknown_var FindAnalysis(const KORUnicodeString& identifier) {
+KORBaseUnknown_var FindByIdentifier(const KORUnicodeString& identifier) {
   VEXSTTAdpIdentificationSet set;
   (void)set.AddAttribute(calculation::ExternalIdKey, identifier);
   KOROmbLifeCycleRootsBag bag;

@@ -7,6 +7,6 @@
 namespace objects {
 
 /// The first analysis that the query for that "PLM_ExternalID" lists; null if it lists none.
-KORBaseUnknown_var FindAnalysis(const KORUnicodeString& identifier);
+KORBaseUnknown_var FindByIdentifier(const KORUnicodeString& identifier);
 
 }  // namespace objects

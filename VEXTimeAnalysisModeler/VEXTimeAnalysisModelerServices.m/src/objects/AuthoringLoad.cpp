@@ -1,6 +1,7 @@
 // An analysis brought into the mode in which it is worked on.
 #include "objects/AuthoringLoad.h"
 
+#include "objects/HandedOut.h"
 #include "platform/base/KORStatus.h"
 #include "platform/model/KORIContainer.h"
 #include "platform/model/KORPLMComponent.h"
@@ -23,21 +24,19 @@ long SwitchToAuthoring(KORIOmiSwitchEngine& engine, KORBaseUnknown* analysis) {
 }
 
 long LoadContainer(KORIPLMComponent* component) {
-  void* container = nullptr;
-  const long status = KORPLMApplicativeContainerServices::Retrieve(&container, component, KORIContainer::ClassId(),
-                                                                   "KORFeatCont");
-  const auto release_at_once = KORIContainer_var::Adopt(static_cast<KORIContainer*>(container));
-  return status;
+  const auto container = HandedOutUntyped<KORIContainer>([component](void** out) {
+    return KORPLMApplicativeContainerServices::Retrieve(out, component, KORIContainer::ClassId(), "KORFeatCont");
+  });
+  return container.GetStatus();
 }
 
 }  // namespace
 
 long LoadForAuthoring(KORBaseUnknown* analysis) {
-  KORIOmiSwitchEngine* created = nullptr;
-  const long status = KOROmbSwitchSessionService(nullptr).CreateSwitchEngine(created);
-  const auto engine = KORIOmiSwitchEngine_var::Adopt(created);
-  if (Failed(status) || engine.IsNull() || analysis == nullptr) return status;
-  const long switched = SwitchToAuthoring(*engine, analysis);
+  const HandedOut<KORIOmiSwitchEngine> engine(
+      [](KORIOmiSwitchEngine*& out) { return KOROmbSwitchSessionService(nullptr).CreateSwitchEngine(out); });
+  if (!engine.IsGiven() || analysis == nullptr) return engine.GetStatus();
+  const long switched = SwitchToAuthoring(*engine.Get(), analysis);
   const KORIPLMComponent_var component(analysis);
   return Failed(switched) || component.IsNull() ? switched : LoadContainer(component.Get());
 }

@@ -22,7 +22,7 @@ using calculation::FormulaParameterKey;
 using calculation::TimeAnalysisKey;
 
 // A line with this code takes no part in any total; it keeps the code.
-const KORUnicodeString OutsideCode("*");
+constexpr const char* OutsideCode = "*";
 
 // The walk down from an analysis, depth first, on a work list of its own: the depth of reuse has no bound.
 class WalkDown {
@@ -129,9 +129,10 @@ long ListIdentifierChanges(const KORBaseUnknown_var& analysis, IdentifierChanges
 }
 
 long RepairOwners(const KORBaseUnknown_var& analysis, const IdentifierChanges& changes) {
-  if (VEXITimeAnalysisRepReference_var(analysis).IsNull()) return E_FAIL;
+  const VEXITimeAnalysisRepReference_var attributes = analysis;
+  if (attributes.IsNull()) return E_FAIL;
   KORUnicodeString own_identifier;
-  (void)VEXITimeAnalysisProperties_var(analysis)->GetValue(ExternalIdKey, own_identifier);
+  (void)attributes->GetValue(ExternalIdKey, own_identifier);
   const VEXITimeAnalysisLines_var lines = analysis;
   if (lines.IsNull()) return S_OK;
   const NewIdentifiers identifiers(changes);

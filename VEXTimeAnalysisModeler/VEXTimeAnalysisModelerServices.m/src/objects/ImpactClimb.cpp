@@ -2,6 +2,7 @@
 #include "objects/ImpactClimb.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace objects {
 
@@ -29,12 +30,12 @@ class EachAnalysisOnce {
   void Run(KORBaseUnknown* changed) {
     Enter(changed);
     while (!_Open.empty()) {
-      Level& level = _Open.back();
-      if (level.ReusedIn == nullptr || level.Position == level.ReusedIn->Size()) {
+      ImpactLevel& level = _Open.back();
+      if (level.IsDone()) {
         _Finished.push_back(level.Analysis);
         _Open.pop_back();
       } else {
-        Enter(static_cast<KORBaseUnknown*>((*level.ReusedIn)[++level.Position]));
+        Enter(level.Take());
       }
     }
   }
@@ -45,22 +46,16 @@ class EachAnalysisOnce {
   std::size_t GetReuseCount() const { return _ReuseCount; }
 
  private:
-  struct Level {
-    KORBaseUnknown* Analysis;
-    const KORRawCollPV* ReusedIn;
-    int Position;
-  };
-
   void Enter(KORBaseUnknown* analysis) {
     if (analysis == nullptr || !_Entered.insert(analysis).second) return;
     const KORRawCollPV* const reused_in = ReusedInOf(_Reuses, analysis);
     if (reused_in != nullptr) _ReuseCount += static_cast<std::size_t>(reused_in->Size());
-    _Open.push_back({analysis, reused_in, 0});
+    _Open.push_back({analysis, reused_in});
   }
 
   const KORHashObject& _Reuses;
   std::unordered_set<const KORBaseUnknown*> _Entered;
-  std::vector<Level> _Open;
+  std::vector<ImpactLevel> _Open;
   std::vector<KORBaseUnknown*> _Finished;
   std::size_t _ReuseCount = 0;
 };
@@ -74,18 +69,18 @@ ImpactClimb::ImpactClimb(const KORHashObject& reuses, const std::vector<KORBaseU
 
 void ImpactClimb::Enter(KORBaseUnknown* analysis) {
   _Way.insert(analysis);
-  _Levels.push_back({analysis, ReusedInOf(_Reuses, analysis), 0});
+  _Levels.push_back({analysis, ReusedInOf(_Reuses, analysis)});
 }
 
 std::optional<ImpactStep> ImpactClimb::Next() {
   while (!_Levels.empty()) {
-    Level& level = _Levels.back();
-    if (level.ReusedIn == nullptr || level.Position == level.ReusedIn->Size()) {
+    ImpactLevel& level = _Levels.back();
+    if (level.IsDone()) {
       _Way.erase(level.Analysis);
       _Levels.pop_back();
       continue;
     }
-    auto* const impacted = static_cast<KORBaseUnknown*>((*level.ReusedIn)[++level.Position]);
+    KORBaseUnknown* const impacted = level.Take();
     ++_Cost;
     if (impacted == nullptr || _Way.contains(impacted)) continue;
     _Cost += CountSame(*level.ReusedIn, level.Position);

@@ -18,6 +18,17 @@ struct ImpactStep {
   KORBaseUnknown* Impacted;
 };
 
+/// An analysis on a way up, and how far those that reuse it were gone through.
+struct ImpactLevel {
+  KORBaseUnknown* Analysis;
+  const KORRawCollPV* ReusedIn;  // null: nowhere
+  int Position = 0;              // of the last entry that was taken, from 1
+
+  bool IsDone() const { return ReusedIn == nullptr || Position == ReusedIn->Size(); }
+  /// The next entry; may be null.
+  KORBaseUnknown* Take() { return static_cast<KORBaseUnknown*>((*ReusedIn)[++Position]); }
+};
+
 /// The steps of a climb along every way up, depth first: all above an analysis comes ahead of the next analysis that
 /// reuses the same one. An analysis that is on the way to where the climb stands is not climbed to again.
 ///
@@ -36,16 +47,10 @@ class ImpactClimb {
   std::size_t GetCost() const { return _Cost; }
 
  private:
-  struct Level {
-    KORBaseUnknown* Analysis;
-    const KORRawCollPV* ReusedIn;  // null: nowhere
-    int Position;                  // of the last entry that was taken, from 1
-  };
-
   void Enter(KORBaseUnknown* analysis);
 
   const KORHashObject& _Reuses;
-  std::vector<Level> _Levels;
+  std::vector<ImpactLevel> _Levels;
   std::unordered_set<const KORBaseUnknown*> _Way;
   std::size_t _Cost = 0;
 };
@@ -57,7 +62,7 @@ inline constexpr std::size_t RepeatedCost = 4;
 inline constexpr std::size_t SmallCost = 1000;
 
 /// The analyses above an analysis, each once and behind all those that it reuses; in a circle of reuses behind those
-/// that come before it on the climb.
+/// that come before it on the climb. `changed` is not null.
 std::vector<KORBaseUnknown*> ImpactedInOrder(const KORHashObject& reuses, KORBaseUnknown* changed);
 
 }  // namespace objects

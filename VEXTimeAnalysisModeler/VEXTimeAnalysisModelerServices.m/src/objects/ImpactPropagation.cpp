@@ -6,11 +6,11 @@
 #include <vector>
 
 #include "VEXSTMTimeAnalysisDlgServices.h"
+#include "objects/ComponentsToSave.h"
 #include "objects/ImpactClimb.h"
 #include "objects/ReuseIndex.h"
 #include "objects/ReusingLines.h"
 #include "platform/base/KORStatus.h"
-#include "platform/services/KORAdpProtectedSaver.h"
 #include "platform/services/VEXSTTAnalysesQueryServices.h"
 
 namespace objects {
@@ -28,14 +28,14 @@ void Climb(ImpactClimb climb, VEXSTMTimeAnalysisDlgServices& services, KORListPt
 void UpdateOnEveryWay(const KORBaseUnknown_var& changed, const KORHashObject& reuses,
                       KORListPtrKORIPLMComponent& components) {
   VEXSTMTimeAnalysisDlgServices services;
-  Climb(ImpactClimb(reuses, {changed.Get()}), services, components);
+  Climb(ImpactClimb(reuses, {changed->GetImpl(0)}), services, components);
 }
 
 void UpdateEachOnce(const KORBaseUnknown_var& changed, const KORHashObject& reuses,
                     KORListPtrKORIPLMComponent& components) {
   VEXSTMTimeAnalysisDlgServices services;
-  std::unordered_set<const KORBaseUnknown*> up_to_date{changed.Get()};
-  for (KORBaseUnknown* const impacted : ImpactedInOrder(reuses, changed.Get())) {
+  std::unordered_set<const KORBaseUnknown*> up_to_date{changed->GetImpl(0)};
+  for (KORBaseUnknown* const impacted : ImpactedInOrder(reuses, changed->GetImpl(0))) {
     BringUpToDate(KORBaseUnknown_var(impacted), up_to_date, services, components);
     up_to_date.insert(impacted);
   }
@@ -43,13 +43,11 @@ void UpdateEachOnce(const KORBaseUnknown_var& changed, const KORHashObject& reus
 
 void UpdateAndClimb(const KORBaseUnknown_var& changed, const KORBaseUnknown_var& impacted, const KORHashObject* reuses,
                     KORListPtrKORIPLMComponent& components) {
-  if (impacted.IsNull()) return;
+  if (changed.IsNull() || impacted.IsNull()) return;
   VEXSTMTimeAnalysisDlgServices services;
-  BringUpToDate(impacted, {changed.Get()}, services, components);
+  BringUpToDate(impacted, {changed->GetImpl(0)}, services, components);
   if (reuses == nullptr) return;
-  std::vector<KORBaseUnknown*> way{impacted.Get()};
-  if (!changed.IsNull()) way.insert(way.begin(), changed.Get());
-  Climb(ImpactClimb(*reuses, way), services, components);
+  Climb(ImpactClimb(*reuses, {changed->GetImpl(0), impacted->GetImpl(0)}), services, components);
 }
 
 long UpdateAllAbove(const KORBaseUnknown_var& changed, KOROmbLifeCycleRootsBag& bag,
@@ -58,12 +56,12 @@ long UpdateAllAbove(const KORBaseUnknown_var& changed, KOROmbLifeCycleRootsBag& 
   ReuseIndex reuses;
   long status = VEXSTTAnalysesQueryServices::GetAllTimeAnalysis(all_analyses, bag);
   status = reuses.Enter(all_analyses, status);
-  if (changed.IsNull() || reuses.Table()->Get(changed->GetImpl(0)) == nullptr) return S_OK;
+  if (changed.IsNull() || reuses.Table().Get(changed->GetImpl(0)) == nullptr) return S_OK;
 
-  RewrittenComponents components;
-  const bool once = HasManyWays(*reuses.Table(), changed.Get());
-  (once ? UpdateEachOnce : UpdateOnEveryWay)(changed, *reuses.Table(), components.List());
-  (void)KORAdpProtectedSaver(components.List(), nullptr).Save();
+  ComponentsToSave components;
+  const bool once = HasManyWays(reuses.Table(), changed->GetImpl(0));
+  (once ? UpdateEachOnce : UpdateOnEveryWay)(changed, reuses.Table(), components.List());
+  components.Save();
   return status;
 }
 

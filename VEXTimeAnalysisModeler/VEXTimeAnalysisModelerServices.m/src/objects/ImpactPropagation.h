@@ -10,17 +10,18 @@
 
 namespace objects {
 
+/// As UpdateModificationsTOAllImpactedTimeAnalysis.
 long UpdateAllAbove(const KORBaseUnknown_var& changed, KOROmbLifeCycleRootsBag& bag,
                     KORListValKORBaseUnknown_var& all_analyses);
 
-/// `reuses` may be null: nobody is climbed to.
+/// As UpdateTemplateToImapctedTA. `reuses` may be null: nobody is climbed to.
 void UpdateAndClimb(const KORBaseUnknown_var& changed, const KORBaseUnknown_var& impacted, const KORHashObject* reuses,
                     KORListPtrKORIPLMComponent& components);
 
 /// The two ways in which everything above an analysis is brought up to date: by the steps of the climb, which visits an
 /// analysis on every way that leads to it, and once for each analysis, behind all that it reuses. They leave the same
 /// lines and totals where no way leads back to an analysis on it, and no formula parameter of a changed analysis bears
-/// the identifier of one that reuses it.
+/// the identifier of one that reuses it. `changed` is not null.
 void UpdateOnEveryWay(const KORBaseUnknown_var& changed, const KORHashObject& reuses,
                       KORListPtrKORIPLMComponent& components);
 void UpdateEachOnce(const KORBaseUnknown_var& changed, const KORHashObject& reuses,

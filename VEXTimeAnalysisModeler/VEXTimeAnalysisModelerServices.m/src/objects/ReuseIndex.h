@@ -24,13 +24,12 @@ class ReuseIndex {
   /// of the last reuse that was entered; `status` if there is none.
   long Enter(const KORListValKORBaseUnknown_var& analyses, long status);
 
-  /// Never null.
-  KORHashObject*& Table() { return _Table; }
+  const KORHashObject& Table() const { return *_Table; }
 
  private:
   long EnterReuse(KORBaseUnknown* reused, const KORBaseUnknown_var& reusing);
 
-  KORHashObject* _Table;
+  KORHashObject* _Table;  // not null
   std::vector<std::unique_ptr<KORRawCollPV>> _Lists;
 };
 

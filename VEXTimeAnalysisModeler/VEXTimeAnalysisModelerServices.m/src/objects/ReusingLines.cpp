@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "calculation/LineKeys.h"
+#include "objects/ComponentsToSave.h"
 #include "platform/model/VEXITimeAnalysisLines.h"
 #include "platform/model/VEXITimeAnalysisProperties.h"
 #include "platform/model/VEXITimeAnalysisRepReference.h"
@@ -57,34 +58,20 @@ double SecondsOf(const KORBaseUnknown_var& analysis, const VEXSTMTimeAnalysisDlg
   return services.UnitConvertor(total + setup, Seconds, StoredDecimals);
 }
 
-KORUnicodeString IdentifierOf(const KORBaseUnknown_var& analysis) {
-  KORUnicodeString identifier;
-  (void)VEXITimeAnalysisProperties_var(analysis)->GetValue(ExternalIdKey, identifier);
-  return identifier;
-}
-
 // Gives a line the parameters and the time of the analysis that it reuses.
 void Rewrite(const KORBaseUnknown_var& reused, const KORBaseUnknown_var& impacted,
              const VEXSTMTimeAnalysisDlgServices& services, VEXTimeAnalysisLineData& line) {
   ParametersOfLines parameters(reused);
-  parameters.All().Append(GetOwnParametersOnLine(line, IdentifierOf(impacted)));
+  KORUnicodeString identifier;
+  (void)VEXITimeAnalysisProperties_var(impacted)->GetValue(ExternalIdKey, identifier);
+  parameters.All().Append(GetOwnParametersOnLine(line, identifier));
   (void)line.SetValue(FormulaParameterKey, parameters.All());
   const double seconds = SecondsOf(reused, services);
   (void)line.SetValue(calculation::TTBTimeKey, seconds);
   (void)line.SetValue(calculation::TotalTimeKey, seconds);
 }
 
-void AppendComponent(const KORBaseUnknown_var& analysis, KORListPtrKORIPLMComponent& components) {
-  void* component = nullptr;
-  (void)analysis->QueryInterface(KORIPLMComponent::ClassId(), &component);
-  if (component != nullptr) components.Append(static_cast<KORIPLMComponent*>(component));
-}
-
 }  // namespace
-
-RewrittenComponents::~RewrittenComponents() {
-  for (KORIPLMComponent* const component : _List) component->Release();
-}
 
 void BringUpToDate(const KORBaseUnknown_var& impacted, const std::unordered_set<const KORBaseUnknown*>& changed,
                    VEXSTMTimeAnalysisDlgServices& services, KORListPtrKORIPLMComponent& components) {

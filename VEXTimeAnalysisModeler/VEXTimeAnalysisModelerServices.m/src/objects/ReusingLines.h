@@ -12,26 +12,12 @@
 
 namespace objects {
 
-/// Components to be saved, one entry for each line that was rewritten, each with a reference.
-class RewrittenComponents {
- public:
-  RewrittenComponents() = default;
-  RewrittenComponents(const RewrittenComponents&) = delete;
-  RewrittenComponents& operator=(const RewrittenComponents&) = delete;
-  /// Releases the entries.
-  ~RewrittenComponents();
-
-  KORListPtrKORIPLMComponent& List() { return _List; }
-
- private:
-  KORListPtrKORIPLMComponent _List;
-};
-
-/// Rewrites each line of `impacted` that reuses one of the changed analyses, and calculates `impacted` anew if there was
-/// one: "FormulaParameter" becomes the parameters of the reused analysis followed by the line's own, "TTBTime" and
+/// Rewrites each line of `impacted` that reuses one of the changed analyses, and calculates `impacted` anew if there
+/// was one: "FormulaParameter" becomes the parameters of the reused analysis followed by the line's own, "TTBTime" and
 /// "TotalTime" its time in seconds. Nothing happens if `impacted` is null or has no lines.
 ///
-/// changed     implementations of analyses. One without lines raises the null-handle error
+/// changed     implementations of analyses. One without lines or attributes raises the null-handle error, and so does
+///             `impacted` without properties
 /// components  is appended to: `impacted` once for each line, with a reference
 void BringUpToDate(const KORBaseUnknown_var& impacted, const std::unordered_set<const KORBaseUnknown*>& changed,
                    VEXSTMTimeAnalysisDlgServices& services, KORListPtrKORIPLMComponent& components);

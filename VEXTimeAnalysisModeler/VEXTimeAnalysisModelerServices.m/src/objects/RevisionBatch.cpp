@@ -97,13 +97,17 @@ class TableBuilder {
   KORListValKORBaseUnknown_var _Reused;
 };
 
+bool IsSame(KORIAdpPLMIdentificator& element, KORIAdpPLMIdentificator* other) {
+  unsigned char same = 0;
+  (void)element.IsSameAs(other, same);
+  return same != 0;
+}
+
 // The entry of the list that identifies the same object as the element, the first if there are several; null if there
 // is none.
 KORBaseUnknown* FindSame(KORIAdpPLMIdentificator& element, const KORListPtrKORIAdpPLMIdentificator& identificators) {
   for (KORIAdpPLMIdentificator* const identificator : identificators) {
-    unsigned char same = 0;
-    (void)element.IsSameAs(identificator, same);
-    if (same != 0) return identificator->GetImpl(0);
+    if (IsSame(element, identificator)) return identificator->GetImpl(0);
   }
   return nullptr;
 }
@@ -117,7 +121,7 @@ KORBaseUnknown* FindSame(KORIAdpPLMIdentificator& element, const KORListPtrKORIA
 KORBaseUnknown* AnalysisOf(KORIAdpPLMIdentificator& element, const KORListPtrKORIAdpPLMIdentificator& identificators,
                            const KORHashObject& identifiers) {
   KORBaseUnknown* const implementation = element.GetImpl(0);
-  const bool is_only_one = typeid(*implementation) == typeid(KORPLMIdentificator);
+  const bool is_only_one = typeid(*implementation) == typeid(KORPLMIdentificator) && IsSame(element, &element);
   const KORBaseUnknown* const entry = is_only_one ? implementation : FindSame(element, identificators);
   return entry == nullptr ? nullptr : static_cast<KORBaseUnknown*>(identifiers.Get(entry));
 }

@@ -1,14 +1,11 @@
 // The motion-time system of older analyses: it moves from the older attribute to the present one.
 #include "objects/SubsystemMigration.h"
 
-#include <vector>
-
+#include "objects/ComponentsToSave.h"
 #include "platform/base/KORObjectLists.h"
 #include "platform/base/KORStatus.h"
-#include "platform/model/KORPLMComponent.h"
 #include "platform/model/VEXITimeAnalysisProperties.h"
 #include "platform/model/VEXITimeAnalysisRepReference.h"
-#include "platform/services/KORAdpProtectedSaver.h"
 #include "platform/services/VEXSTTAnalysesQueryServices.h"
 
 namespace objects {
@@ -35,25 +32,19 @@ long Repair(const VEXITimeAnalysisRepReference_var& analysis, long status) {
   return analysis->SetValue(OlderAttribute, KORUnicodeString());
 }
 
-void Save(const std::vector<KORIPLMComponent_var>& components) {
-  KORListPtrKORIPLMComponent list;
-  for (const KORIPLMComponent_var& component : components) list.Append(component.Get());
-  (void)KORAdpProtectedSaver(list, nullptr).Save();
-}
-
 }  // namespace
 
 long MigrateSubsystemToModapts(KOROmbLifeCycleRootsBag& bag) {
   KORListValKORBaseUnknown_var analyses;
   long status = VEXSTTAnalysesQueryServices::GetAllTimeAnalysis(analyses, bag);
-  std::vector<KORIPLMComponent_var> older_ones;
+  ComponentsToSave components;
   for (const KORBaseUnknown_var& entry : analyses) {
     const VEXITimeAnalysisRepReference_var analysis(entry);
     if (analysis.IsNull() || TextOf(*analysis, OlderAttribute) != Modapts) continue;
     status = Repair(analysis, status);
-    if (KORIPLMComponent_var component(entry); !component.IsNull()) older_ones.push_back(std::move(component));
+    AppendComponent(entry, components.List());
   }
-  Save(older_ones);
+  components.Save();
   return status;
 }
 

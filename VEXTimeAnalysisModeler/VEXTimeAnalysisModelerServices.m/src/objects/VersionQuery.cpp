@@ -18,9 +18,9 @@ constexpr int MinorSeekMode = 1;
 KORIAdpPLMIdentificator_var IdentificatorOf(const VEXITimeAnalysisRepReference_var& analysis) {
   const KORIPLMComponent_var component(analysis);
   if (component.IsNull()) return NULL_var;
-  const HandedOut<KORIAdpPLMIdentificator> identificator(
-      [&component](KORIAdpPLMIdentificator*& out) { return component->GetPLMIdentificator(out); });
-  return identificator.Get();
+  KORIAdpPLMIdentificator* identificator = nullptr;
+  (void)component->GetPLMIdentificator(identificator);
+  return KORIAdpPLMIdentificator_var::Adopt(identificator);
 }
 
 long AskForVersions(const KORListPtrKORIAdpPLMIdentificator& identificators, KORListValKORAdpVersioningInfo& infos) {
