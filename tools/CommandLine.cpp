@@ -348,9 +348,8 @@ void TakeTextsFromInput(CommandLine& line, const std::string& command) {
 void RefuseEmptyValues(const CLI::App& app) {
   const CLI::App* command = &app;
   while (!command->get_subcommands().empty()) command = command->get_subcommands().front();
-  for (const char* name : {"--catalogue", "--settings", "--frequency", "--model", "--into", "--identifier", "--template",
-                           "FOLDER",
-                           "SYSTEM", "--system"}) {
+  for (const char* name : {"--catalogue", "--settings", "--frequency", "--model", "--into", "--identifier",
+                           "--template", "FOLDER", "SYSTEM", "--system"}) {
     const CLI::Option* option = command->get_option_no_throw(name);
     if (option == nullptr || option->count() == 0) continue;
     std::string value = option->results().front();
@@ -360,8 +359,8 @@ void RefuseEmptyValues(const CLI::App& app) {
 }
 
 void FinishCommandLine(CommandLine& line, std::string& folder, const std::string& command) {
-  for (std::string* text : {&line.Catalogue, &line.Settings, &line.System, &line.Model, &line.Into, &line.Identifier, &line.Template,
-                            &line.Pattern, &line.Frequency, &folder}) {
+  for (std::string* text : {&line.Catalogue, &line.Settings, &line.System, &line.Model, &line.Into, &line.Identifier,
+                            &line.Template, &line.Pattern, &line.Frequency, &folder}) {
     Unshield(*text);
   }
   for (std::string& text : line.Texts) Unshield(text);

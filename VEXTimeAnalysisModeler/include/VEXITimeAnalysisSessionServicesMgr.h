@@ -13,8 +13,11 @@
 ///
 /// Threads: the table is guarded. A component is to be asked for on the thread of its own session; who asks for all of
 /// them asks for those of every session.
-class VEXTIMEANALYSISMODELER_API VEXITimeAnalysisSessionServicesMgr : public virtual KORBaseUnknown {
+class VEXTIMEANALYSISMODELER_API VEXITimeAnalysisSessionServicesMgr
+    : public KORInterface<VEXITimeAnalysisSessionServicesMgr> {
  public:
+  static constexpr const char* InterfaceName = "VEXITimeAnalysisSessionServicesMgr";
+
   VEXITimeAnalysisSessionServicesMgr() = default;
   VEXITimeAnalysisSessionServicesMgr(const VEXITimeAnalysisSessionServicesMgr&) = default;
   VEXITimeAnalysisSessionServicesMgr& operator=(const VEXITimeAnalysisSessionServicesMgr&) = default;

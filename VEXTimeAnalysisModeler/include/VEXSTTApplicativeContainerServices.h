@@ -27,7 +27,7 @@ class VEXTIMEANALYSISMODELER_API VEXSTTApplicativeContainerServices : public KOR
   /// The status of the platform; E_INVALIDARG for null; E_FAIL for an object that holds no applicative data.
   static long Create(const KORBaseUnknown_var& representation, KORIContainer_var& container);
 
-  /// Finds that container; statuses as above.
+  /// Finds that container; statuses as above. `container` is null on a success without one.
   static long Retrieve(const KORBaseUnknown_var& representation, KORIContainer_var& container);
 
   // ------------------------------------------------------------------------------------------- Migration
@@ -44,12 +44,13 @@ class VEXTIMEANALYSISMODELER_API VEXSTTApplicativeContainerServices : public KOR
   /// The exchange stream that a legacy representation carries as a file; in a session that is captured or replayed a
   /// fixed stream instead, for an analysis whose "V_Subsystem" is "STD".
   ///
-  /// stream  [out] the text of the file, up to a first NUL if it has one; left as it was if the file is empty or cannot
-  ///         be had, and for other systems in a captured or replayed session
+  /// stream  [out] the text of the file, up to a first NUL if it has one; what could be read of it if the reading
+  ///         failed. Left as it was if the file is empty, cannot be opened or has more than 1 GiB, and for other
+  ///         systems in a captured or replayed session
   ///
-  /// The status of the last file operation; of the path, if there is none; of asking for
-  /// PLMIRepReferenceNonZENTADataAccess, if that fails; in a captured or replayed session of reading the system. A null
-  /// handle raises the null-handle error; in a captured or replayed session so does an object without
+  /// The status of the last file operation, E_FAIL for a file of more than 1 GiB; of the path, if there is none; of
+  /// asking for PLMIRepReferenceNonZENTADataAccess, if that fails; in a captured or replayed session of reading the
+  /// system. A null handle raises the null-handle error; in a captured or replayed session so does an object without
   /// VEXITimeAnalysisProperties.
   static long RetrieveDBDIStream(const KORBaseUnknown_var& representation, KORUnicodeString& stream);
 
@@ -59,15 +60,16 @@ class VEXTIMEANALYSISMODELER_API VEXSTTApplicativeContainerServices : public KOR
   /// line that reuses a changed analysis gets its parameters and its time, and each analysis its totals, the lower ones
   /// first. All are saved once, at the end.
   ///
-  /// changed       the analysis that has changed; nothing happens for null and for one that nothing reuses
+  /// changed       the analysis that has changed; nothing is updated for null and for one that nothing reuses
   /// bag           keeps the analyses alive that are searched for reuses
   /// unused        not looked at
   /// all_analyses  [in, out] to be passed empty: it is filled with all analyses that can be reached. With a list that
   ///               is not empty nothing happens
   ///
   /// S_OK if nothing reuses the analysis; else the status of the last step that listed the analyses and their reuses.
-  /// A calculation or a saving that fails is not told. An analysis without a table of lines raises the null-handle
-  /// error where a line reuses it.
+  /// A calculation or a saving that fails is not told. An analysis without a table of lines or without attributes
+  /// raises the null-handle error where a line reuses it, and so does one without properties that reuses it; nothing is
+  /// saved then.
   ///
   /// The climb goes up every way there is, depth first, as UpdateTemplateToImapctedTA does, and ends on a way where it
   /// meets an analysis that is already on that way: that one is not climbed to again. What is saved has one entry for
@@ -98,14 +100,15 @@ class VEXTIMEANALYSISMODELER_API VEXSTTApplicativeContainerServices : public KOR
   /// whether a line was rewritten or not, but for an analysis that is on the way from `changed` to there: it is not
   /// climbed again, so that a circle of reuses ends. A climb may be of any height.
   ///
-  /// S_OK. If `changed` has no table of lines, the null-handle error is raised at the first line that reuses it.
+  /// S_OK; nothing happens for null. If `changed` has no table of lines or no attributes, or `impacted` no properties,
+  /// the null-handle error is raised at the first line that reuses it; the entries in `components` until then stay.
   static long UpdateTemplateToImapctedTA(KORBaseUnknown_var changed, KORBaseUnknown_var impacted,
                                          KORHashObject*& reuses, KORListPtrKORIPLMComponent& components);
 
   /// Lists what the lines below an analysis take the identifiers of the analyses that they reuse for, and what those
   /// are now; lines whose "Code" is out of date get the present one. "*" stays: there the present identifier stands on
   /// both sides. All levels are listed, depth first; an analysis that is met again on its own way down is listed and
-  /// not entered.
+  /// not entered. One that stands below on several ways is listed on each of them.
   ///
   /// old_identifiers, new_identifiers  are appended to, one pair for each line that reuses an analysis
   /// S_OK; E_FAIL for null and for an object that is no time analysis.

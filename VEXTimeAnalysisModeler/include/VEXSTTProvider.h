@@ -145,7 +145,7 @@ class VEXTIMEANALYSISMODELER_API VEXSTTProvider : public KORBaseUnknown {
                                                    KORUnicodeString user);
 
   /// The same for the time analysis that a representation instance stands for. The argument is the instance, too: for
-  /// the analysis itself the result is E_INVALIDARG.
+  /// the analysis itself, and for an instance of something else, the result is E_INVALIDARG.
   static long GetLockedStatusofTimeAnalysisRepRef(KORBaseUnknown_var instance, TALockStatus& status,
                                                   KORUnicodeString user);
 
@@ -184,7 +184,9 @@ class VEXTIMEANALYSISMODELER_API VEXSTTProvider : public KORBaseUnknown {
                                                           KORListValKORBaseUnknown_var& instances,
                                                           KORRawCollint& statuses);
 
-  /// The same by GetTARevStatus, analysis by analysis; one that the database does not know is TARevNotLatest.
+  /// The same by GetTARevStatus, analysis by analysis; one that the database does not know is TARevNotLatest. Each
+  /// status is appended; an instance whose analysis can no longer be reached has none, and the result is E_FAIL then.
+  /// An analysis without VEXITimeAnalysisRevisionCache raises the null-handle error.
   static long GetAllTARepInstancesFromOpeOccWithRevStatus_Cache(const KORListValKORBaseUnknown_var& occurrences,
                                                                 KORListValKORBaseUnknown_var& instances,
                                                                 KORRawCollint& statuses);

@@ -97,7 +97,8 @@ class VEXTIMEANALYSISMODELER_API VEXTADataIO : public KORBaseUnknown {
   ///
   /// An operation without an analysis, without a stream, or for which no new analysis can be made, stays as it was, and
   /// the next one is taken. Once the new analysis is in its place nothing is rolled back. An old analysis without
-  /// VEXITimeAnalysisProperties ends the whole. Nothing is calculated and nothing is saved.
+  /// VEXITimeAnalysisProperties ends the whole; in a session that is captured or replayed it raises the null-handle
+  /// error. Nothing is calculated and nothing is saved.
   ///
   /// Returns the status of the last step taken for the last operation: E_FAIL if there was none, and for an empty list.
   static long MigrateAllQ4TimeAnalysesToR9(KORListValKORBaseUnknown_var& occurrences);

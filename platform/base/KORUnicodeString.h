@@ -40,7 +40,8 @@ class KORPLATFORM_API KORUnicodeString {
   bool IsEmpty() const { return _Bytes.empty(); }
 
   /// 2 for identical texts, 0 for different ones; this platform counts nothing as a weaker likeness.
-  int Compare(const KORUnicodeString& other) const { return *this == other ? 2 : 0; }
+  static constexpr int Identical = 2;
+  int Compare(const KORUnicodeString& other) const { return *this == other ? Identical : 0; }
 
   /// The characters from `position` on, at most `length` of them. What lies outside the text adds nothing.
   KORUnicodeString SubString(int position, int length) const;

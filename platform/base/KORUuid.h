@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "platform/base/KORExport.h"
+
 /// Identifies a class, an interface or a component. Two identifiers are the same if their bytes are.
 struct KORUuid {
   std::array<std::uint8_t, 16> Bytes{};
@@ -23,6 +25,9 @@ struct KORUuid {
     }
     return identifier;
   }
+
+  /// An identifier that nothing else has: drawn at random. Safe across threads.
+  KORPLATFORM_API static KORUuid Fresh();
 
   friend constexpr bool operator==(const KORUuid&, const KORUuid&) = default;
 

@@ -1,10 +1,13 @@
 // The identificators of the model.
 #pragma once
 
+#include <mutex>
+
 #include "platform/base/KORExport.h"
 #include "platform/model/KORPLMComponent.h"
 
-/// Knows its object as long as that lives, without keeping it alive; serves the thread of the object.
+/// Knows its object as long as that lives, without keeping it alive. Safe across threads; what it finds serves the
+/// thread of its session.
 class KORPLATFORM_API KORPLMIdentificator final : public KORImplements<KORIAdpPLMIdentificator> {
  public:
   explicit KORPLMIdentificator(KORBaseUnknown& object) : _Object(&object) {}
@@ -15,8 +18,9 @@ class KORPLATFORM_API KORPLMIdentificator final : public KORImplements<KORIAdpPL
   /// The object; null once its last reference has gone.
   KORBaseUnknown_var FindObject() const;
   /// Called by the object at its end.
-  void ForgetObject() { _Object = nullptr; }
+  void ForgetObject();
 
  private:
+  mutable std::mutex _Mutex;  // guards the pointer: the object doesn't end between being found and being counted
   KORBaseUnknown* _Object;
 };

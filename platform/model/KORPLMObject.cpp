@@ -36,7 +36,13 @@ long KORPLMIdentificator::IsSameAs(KORIAdpPLMIdentificator* other, unsigned char
   });
 }
 
+void KORPLMIdentificator::ForgetObject() {
+  const std::lock_guard lock(_Mutex);
+  _Object = nullptr;
+}
+
 KORBaseUnknown_var KORPLMIdentificator::FindObject() const {
+  const std::lock_guard lock(_Mutex);
   return _Object != nullptr && _Object->TryAddRef() ? KORBaseUnknown_var::Adopt(_Object) : NULL_var;
 }
 

@@ -1,4 +1,6 @@
 // Makes the objects of registered components.
+#include "platform/system/KORInstantiateComponent.h"
+
 #include "platform/base/KORFillDictionary.h"
 #include "platform/base/KORHandle.h"
 #include "platform/base/KORStatus.h"

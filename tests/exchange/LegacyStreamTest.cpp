@@ -8,6 +8,7 @@
 #include "VEXSTTApplicativeContainerServices.h"
 #include "exchange/DefaultStream.h"
 #include "platform/base/KORError.h"
+#include "platform/services/KOROmbStreams.h"
 #include "tests/calculation/AnalysisShell.h"
 #include "tests/exchange/LegacyWorld.h"
 #include "tests/objects/ObjectsTest.h"
@@ -93,6 +94,12 @@ TEST_F(LegacyStreamTest, HasEveryByteOfALargeFile) {
 
 TEST_F(LegacyStreamTest, LeavesTheTextAloneForAnEmptyFile) {
   EXPECT_EQ(RetrieveFile(""), "S_OK: as it came");
+}
+
+TEST_F(LegacyStreamTest, LeavesTheTextAloneForAFileThatIsTooLong) {
+  const TimeAnalysis_var analysis = _Analyses.Make("TA", "x");
+  std::filesystem::resize_file(Text(analysis->GetContent().LegacyStreamPath), KORLongestStream + 1);  // a hole
+  EXPECT_EQ(Retrieve(analysis), "E_FAIL: as it came");
 }
 
 // Ways that lead to no file

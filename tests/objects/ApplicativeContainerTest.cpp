@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 #include <ostream>
 #include <string>
 
@@ -15,7 +16,6 @@ namespace {
 
 using objectstest::AllFaults;
 using objectstest::FaultCaseName;
-using objectstest::FaultRow;
 using objectstest::FaultTest;
 using objectstest::NewAnalysis;
 using objectstest::NewDrawing;

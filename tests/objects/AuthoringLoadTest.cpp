@@ -18,7 +18,6 @@ using calculationtest::MakeShell;
 using objectstest::FaultOf;
 using objectstest::InjectedStatus;
 using objectstest::NewAnalysis;
-using objectstest::NewDrawing;
 using objectstest::NewOperation;
 using objectstest::StatusName;
 using support::TimeAnalysis_var;

@@ -2,7 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <exception>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -150,11 +151,9 @@ class ListedContainer : public KORImplements<KORIContainer> {
 // Raises an error when it is asked for its name.
 class NamelessFeature : public KORImplements<KORISpecObject> {
  public:
-  explicit NamelessFeature(std::exception_ptr error) : _Error(std::move(error)) {}
-  KORUnicodeString GetFeatureName() override { std::rethrow_exception(_Error); }
+  std::exception_ptr Error;  // not null
 
- private:
-  std::exception_ptr _Error;
+  KORUnicodeString GetFeatureName() override { std::rethrow_exception(Error); }
 };
 
 std::exception_ptr PlatformError() {
@@ -166,7 +165,9 @@ std::exception_ptr OtherError() {
 }
 
 KORBaseUnknown_var Raising(const std::exception_ptr& error) {
-  return KORBaseUnknown_var::Adopt(new NamelessFeature(error));
+  const auto feature = KORHandle<NamelessFeature>::Adopt(new NamelessFeature);
+  feature->Error = error;
+  return feature;
 }
 
 class ListedFeaturesTest : public ObjectsTest {

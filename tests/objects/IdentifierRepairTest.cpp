@@ -14,7 +14,6 @@ namespace {
 
 using calculationtest::AnalysisShell;
 using calculationtest::MakeBareObject;
-using calculationtest::MakeShell;
 using calculationtest::MakeShellWithout;
 using objectstest::NewAnalysis;
 using objectstest::NewDrawing;

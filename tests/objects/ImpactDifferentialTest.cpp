@@ -20,7 +20,6 @@ namespace {
 
 using calculationtest::ModelTwin;
 using objectstest::ReuseIndex;
-using objectstest::SaveLog;
 using support::RandomAnalysis;
 using support::RandomAnalysisOptions;
 using support::RandomModel;

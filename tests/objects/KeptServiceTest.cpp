@@ -13,7 +13,6 @@
 
 namespace {
 
-using objects::HandedOut;
 using objects::KeptService;
 
 class ExampleService : public KORInterface<ExampleService> {

@@ -1,9 +1,11 @@
 // Who has reserved a time analysis: the reservation of its instance, and that of the analysis itself.
 #include <gtest/gtest.h>
 
+#include <exception>
 #include <functional>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "VEXSTTProvider.h"
@@ -17,12 +19,10 @@ namespace {
 
 using objectstest::AllFaults;
 using objectstest::Attach;
-using objectstest::FaultCase;
 using objectstest::FaultCaseName;
 using objectstest::FaultOf;
 using objectstest::FaultsFor;
 using objectstest::FaultTest;
-using objectstest::InstancesUnder;
 using objectstest::NewAnalysis;
 using objectstest::NewDrawing;
 using objectstest::NewOperation;

@@ -105,7 +105,8 @@ INSTANTIATE_TEST_SUITE_P(Calls, OneQueryFaultTest,
                                                       {"GetVersioningInfo", AllUnknown, All, AllUnknown},
                                                       {"GetMajorVersioningInformation", AllOlder, AllOlder, AllOlder},
                                                       {"IsLastMajor", AllOlder, All, AllOlder},
-                                                      {"GetElement", AllUnknown, All, AllUnknown}})),
+                                                      {"GetElement", AllUnknown, All, AllUnknown},
+                                                      {"IsSameAs", AllUnknown, All, AllUnknown}})),
                          FaultCaseName());
 INSTANTIATE_TEST_SUITE_P(FirstCall, OneQueryFaultTest,
                          testing::ValuesIn(FaultsFor(KORFault::Life::Once,
@@ -114,7 +115,8 @@ INSTANTIATE_TEST_SUITE_P(FirstCall, OneQueryFaultTest,
                                                       {"GetVersioningInfo", AllUnknown, All, AllUnknown},
                                                       {"GetMajorVersioningInformation", AllOlder, AllOlder, AllOlder},
                                                       {"IsLastMajor", AllOlder, All, AllOlder},
-                                                      {"GetElement", TopUnknown, All, TopUnknown}})),
+                                                      {"GetElement", TopUnknown, All, TopUnknown},
+                                                      {"IsSameAs", TopUnknown, All, TopUnknown}})),
                          FaultCaseName());
 
 class OneByOneFaultTest : public RevisionBatchFaultTest {};
@@ -172,7 +174,7 @@ INSTANTIATE_TEST_SUITE_P(Calls, RevisionRaisedErrorTest,
                          testing::Values("GetRelatedInstance", "GetInstanceReference", "ListRepInstances",
                                          "GetRepReference", "GetPLMIdentificator", "CreateErrorMonitor",
                                          "GetVersioningInfo", "GetMajorVersioningInformation", "IsLastMajor",
-                                         "GetElement"),
+                                         "GetElement", "IsSameAs"),
                          [](const auto& row) { return std::string(row.param); });
 
 }  // namespace

@@ -1,6 +1,7 @@
 // Whether an analysis and those that it reuses are last revisions: asked of the database one by one, and remembered.
 #include <gtest/gtest.h>
 
+#include <exception>
 #include <functional>
 #include <ostream>
 #include <string>
@@ -16,7 +17,6 @@
 namespace {
 
 using objectstest::AllFaults;
-using objectstest::FaultCase;
 using objectstest::FaultCaseName;
 using objectstest::FaultOf;
 using objectstest::FaultRow;

@@ -8,6 +8,7 @@
 #include "platform/base/KORError.h"
 #include "platform/base/KORFillDictionary.h"
 #include "platform/model/KORPLMSpace.h"
+#include "platform/system/KORInstantiateComponent.h"
 #include "tests/calculation/AnalysisShell.h"
 #include "tests/objects/ObjectsTest.h"
 

@@ -10,6 +10,7 @@
 
 #include "platform/base/KORHandle.h"
 #include "platform/base/KORStatus.h"
+#include "platform/system/KORInstantiateComponent.h"
 #include "platform/system/KORSession.h"
 
 namespace {

@@ -8,6 +8,7 @@
 #include "platform/services/KORPLMServices.h"
 #include "platform/services/PLMIRepresentationReferenceFactory.h"
 #include "platform/services/PLMPSISessionHelpers.h"
+#include "platform/system/KORInstantiateComponent.h"
 #include "platform/system/KORJXMNavGenericServices.h"
 #include "platform/system/KORSession.h"
 #include "platform/system/KORSettingRepository.h"

@@ -117,14 +117,16 @@ class Plan {
     BuiltAnalysis& built = _Proven[impacted.Step.Analysis] = _Builder.Build(file, analysis.Member->Identifier, reused);
     TellNewProblems(analysis.Built, built);
     if (!built.IsComplete) return false;
-    const double carried = ReadTotals(analysis.Built).back();
-    const double computed = ReadTotals(built).back();
     const bool is_same = std::ranges::equal(ReadTotals(analysis.Built), ReadTotals(built), AreEqual);
     if (!is_same) {
-      _Answers.Tell(TotalsDiffer(file.GetPath(), PlainNumberText(carried), PlainNumberText(computed)));
+      _Answers.Tell(TotalsDiffer(file.GetPath(), TotalText(analysis.Built), TotalText(built)));
       built.IsComplete = false;
     }
     return is_same;
+  }
+
+  std::string TotalText(const BuiltAnalysis& built) const {
+    return PlainNumberText(ResultUnit(_Services, "tmu").Convert(ReadTotals(built).back()));
   }
 
   void TellNewProblems(const BuiltAnalysis& before, const BuiltAnalysis& now) {

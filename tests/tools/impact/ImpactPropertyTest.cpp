@@ -41,7 +41,7 @@ class RandomFolder {
     static const std::vector<std::string> frequencies{"", "", "1", "2", "0.5", "0", "0.333"};
     static const std::vector<std::string> recorded{"", "", "0", "1.5", "0.036", " 7 ", "\"2\""};
     const std::string head = _Random.AnyOf(frequencies) + "," + _Random.AnyOf(types) + ",";
-    if (with_formulas && _Random.OneIn(5)) {
+    if (with_formulas && _Random.OneIn(9)) {
       return "," + head + ",,,\"x : Real, out Time : Time\",Time = x * 0.36,x=" + std::to_string(_Random.Below(5) + 1);
     }
     if (index == 0 || _Random.OneIn(4)) return "," + head + "," + std::to_string(_Random.Below(50)) + ",";
@@ -134,7 +134,7 @@ TEST(ImpactOfRandomFolders, IsWhatCalcComputes) {
 
 TEST(ImpactOfRandomFolders, WithFormulasIsWhatCalcComputes) {
   applied = 0;
-  for (unsigned seed = 1001; seed <= 1060; ++seed) CheckFolder(seed, true);
+  for (unsigned seed = 1001; seed <= 1100; ++seed) CheckFolder(seed, true);
   EXPECT_GT(applied, 20) << "the folders drawn leave nothing to do";
 }
 

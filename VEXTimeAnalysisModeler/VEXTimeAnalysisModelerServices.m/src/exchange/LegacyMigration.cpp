@@ -60,9 +60,10 @@ class Migration {
     const KORListValKORUnicodeString items = ItemsOf(std::move(stream));
     const VEXITimeAnalysisProperties_var properties(old_analysis);
     if (properties.IsNull()) return false;
+    const KORUnicodeString identifier = PropertyOf(properties, "PLM_ExternalID");
+    const KORUnicodeString system = PropertyOf(properties, "V_Subsystem");
     const KORListValKORICkeParm_var attributes =
-        FirstAttributes(KORCkeGlobalFunctions::GetVolatileFactory(), PropertyOf(properties, "PLM_ExternalID"),
-                        PropertyOf(properties, "V_Subsystem"));
+        FirstAttributes(KORCkeGlobalFunctions::GetVolatileFactory(), identifier, system);
     KORBaseUnknown_var new_analysis;
     // They are handed over as the attributes that can be written, which a new analysis does not get.
     _Status = VEXSTTProvider::CreateNewFactoryRepRef(new_analysis, attributes, {}, nullptr);

@@ -9,6 +9,7 @@
 #include "platform/base/KORStatus.h"
 #include "platform/model/PLMIRepReferenceDataAccess.h"
 #include "platform/model/VEXITimeAnalysisProperties.h"
+#include "platform/services/KOROmbStreams.h"
 #include "platform/system/KORFiles.h"
 #include "platform/system/KORRecord.h"
 
@@ -21,35 +22,26 @@ bool IsRecorded() {
   return recorder->IsCapture() != 0 || recorder->IsReplay() != 0;
 }
 
-// A file that is read. One that cannot be opened is told by what is asked of it then.
-class StreamFile {
- public:
-  explicit StreamFile(const KORUnicodeString& path) { (void)KORFOpen(path, "r", _Descriptor); }
-  ~StreamFile() { (void)KORFClose(_Descriptor); }
-  StreamFile(const StreamFile&) = delete;
-  StreamFile& operator=(const StreamFile&) = delete;
+// Gives `stream` the bytes of an open file, `size` at most, up to a first NUL.
+long ReadBytes(int descriptor, std::size_t size, KORUnicodeString& stream) {
+  if (size > KORLongestStream) return E_FAIL;
+  const auto bytes = std::make_unique_for_overwrite<char[]>(size + 1);
+  std::size_t read = 0;
+  const long status = KORFRead(descriptor, bytes.get(), size, read);
+  bytes[read] = '\0';
+  stream = KORUnicodeString(bytes.get());
+  return status;
+}
 
-  long Size(std::size_t& size) const { return KORFSize(_Descriptor, size); }
-
-  // Gives `stream` the bytes, `size` at most, up to a first NUL.
-  long Read(std::size_t size, KORUnicodeString& stream) const {
-    const auto bytes = std::make_unique_for_overwrite<char[]>(size + 1);
-    std::size_t read = 0;
-    const long status = KORFRead(_Descriptor, bytes.get(), size, read);
-    bytes[read] = '\0';
-    stream = KORUnicodeString(bytes.get());
-    return status;
-  }
-
- private:
-  int _Descriptor = 0;  // 0: none
-};
-
+// A file that cannot be opened is told by what is asked of it then.
 long ReadFile(const KORUnicodeString& path, KORUnicodeString& stream) {
-  const StreamFile file(path);
+  int descriptor = 0;
+  (void)KORFOpen(path, "r", descriptor);
   std::size_t size = 0;
-  const long status = file.Size(size);
-  return size == 0 ? status : file.Read(size, stream);
+  long status = KORFSize(descriptor, size);
+  if (size != 0) status = ReadBytes(descriptor, size, stream);
+  (void)KORFClose(descriptor);
+  return status;
 }
 
 long RetrieveFromFile(const KORBaseUnknown_var& representation, KORUnicodeString& stream) {

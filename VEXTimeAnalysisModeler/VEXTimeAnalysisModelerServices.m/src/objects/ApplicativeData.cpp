@@ -19,8 +19,6 @@ constexpr const char* ContainerModel = "VEXTimeAnalysisModel";
 constexpr const char* ContainerType = "KORFeatCont";
 constexpr const char* ContainerName = "VEXTimeAnalysisCont";
 
-constexpr int Identical = 2;  // KORUnicodeString::Compare
-
 // The members of a container of one class; each comes with a reference, which goes with this object.
 class Members {
  public:
@@ -48,7 +46,7 @@ class Members {
 KORISpecObject_var FindFeature(const Members& members, const KORUnicodeString& name) {
   for (int position = 0; position < members.Size(); ++position) {
     KORISpecObject_var feature = members.FeatureAt(position);
-    if (!feature.IsNull() && feature->GetFeatureName().Compare(name) == Identical) return feature;
+    if (!feature.IsNull() && feature->GetFeatureName().Compare(name) == KORUnicodeString::Identical) return feature;
   }
   return NULL_var;
 }

@@ -1,7 +1,7 @@
 // An analysis brought into the mode in which it is worked on.
 #include "objects/AuthoringLoad.h"
 
-#include "objects/HandedOut.h"
+#include "HandedOut.h"
 #include "platform/base/KORStatus.h"
 #include "platform/model/KORIContainer.h"
 #include "platform/model/KORPLMComponent.h"

@@ -1,7 +1,7 @@
 // Components opened in the session.
 #include "objects/ComponentOpening.h"
 
-#include "objects/HandedOut.h"
+#include "HandedOut.h"
 #include "platform/base/KORObjectLists.h"
 #include "platform/base/KORStatus.h"
 #include "platform/services/KORPLMServices.h"

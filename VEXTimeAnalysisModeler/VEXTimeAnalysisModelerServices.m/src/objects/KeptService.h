@@ -4,7 +4,7 @@
 #include <mutex>
 #include <utility>
 
-#include "objects/HandedOut.h"
+#include "HandedOut.h"
 #include "platform/base/KORHandle.h"
 #include "platform/base/KORStatus.h"
 

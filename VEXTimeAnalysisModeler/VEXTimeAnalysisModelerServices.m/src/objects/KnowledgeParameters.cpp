@@ -5,7 +5,7 @@
 #include <array>
 #include <string_view>
 
-#include "objects/HandedOut.h"
+#include "HandedOut.h"
 #include "objects/TimeAnalysisType.h"
 #include "platform/base/KORList.h"
 #include "platform/base/KORStatus.h"
@@ -18,8 +18,6 @@ namespace {
 
 // Shown whenever the representation has them, and never writable.
 constexpr std::array<std::string_view, 4> AlwaysShown{"V_Direction", "V_Category", "V_discipline", "V_nature"};
-
-constexpr int Identical = 2;  // as KORUnicodeString::Compare tells
 
 bool IsAlwaysShown(const KORUnicodeString& name) {
   return std::find(AlwaysShown.begin(), AlwaysShown.end(), name.Bytes()) != AlwaysShown.end();
@@ -54,7 +52,7 @@ KORListValKORUnicodeString ShownAttributes(const KORPLMMetaDataFrameModel& model
 // The first description of that very name; null if there is none.
 const KORAttributeInfos* FindDescription(const KORListValKORAttributeInfos& infos, const KORUnicodeString& name) {
   const auto found = std::find_if(infos.begin(), infos.end(), [&name](const KORAttributeInfos& info) {
-    return info.Name().Compare(name) == Identical;
+    return info.Name().Compare(name) == KORUnicodeString::Identical;
   });
   return found == infos.end() ? nullptr : &*found;
 }

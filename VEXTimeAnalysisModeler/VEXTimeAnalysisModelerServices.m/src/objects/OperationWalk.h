@@ -5,7 +5,7 @@
 // Who walks it tests statuses at some steps and objects alone at others; each function tells.
 #pragma once
 
-#include "objects/HandedOut.h"
+#include "HandedOut.h"
 #include "platform/base/KORBaseUnknown.h"
 #include "platform/base/KORHandle.h"
 #include "platform/base/KORObjectLists.h"

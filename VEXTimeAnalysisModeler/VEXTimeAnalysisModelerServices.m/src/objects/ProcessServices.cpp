@@ -3,18 +3,18 @@
 
 #include "objects/KeptService.h"
 #include "objects/TimeAnalysisType.h"
-#include "platform/base/KORFillDictionary.h"
-#include "presentation/VEXETimeAnalysisSessionServicesMgr.h"
+#include "platform/system/KORInstantiateComponent.h"
 
 namespace objects {
 
 namespace {
 
-// To name the class of the component links its source, which registers it, into every program that asks for it here.
+// The description of the interface stands in the source that registers the component: asking for its identifier links
+// that source into every program, also where a linker leaves out what nobody names.
 HandedOut<VEXITimeAnalysisSessionServicesMgr> InstantiateManager() {
   return HandedOutUntyped<VEXITimeAnalysisSessionServicesMgr>([](void** out) {
-    return KORInstantiateComponent(VEXETimeAnalysisSessionServicesMgr::ClassName(),
-                                   VEXITimeAnalysisSessionServicesMgr::ClassId(), out);
+    return KORInstantiateComponent("VEXETimeAnalysisSessionServicesMgr", VEXITimeAnalysisSessionServicesMgr::ClassId(),
+                                   out);
   });
 }
 

@@ -1,7 +1,7 @@
 // Time analyses made, put under operations and taken away from there.
 #include "objects/RepresentationMaking.h"
 
-#include "objects/HandedOut.h"
+#include "HandedOut.h"
 #include "objects/OperationWalk.h"
 #include "objects/TimeAnalysisType.h"
 #include "platform/base/KORStatus.h"

@@ -5,8 +5,9 @@
 #include <memory>
 #include <typeinfo>
 
+#include "HandedOut.h"
 #include "VEXSTTProvider.h"
-#include "objects/HandedOut.h"
+#include "objects/Identificator.h"
 #include "objects/OperationWalk.h"
 #include "objects/ReusedAnalyses.h"
 #include "objects/RevisionStatus.h"
@@ -84,7 +85,7 @@ class TableBuilder {
     auto cell = std::make_unique<int>(Status::TARevUnknown);
     if (_Statuses.Insert(analysis->GetImpl(0), cell.get()) == 0) return;
     (void)cell.release();
-    KORIAdpPLMIdentificator_var identificator = IdentificatorOf(analysis);
+    KORIAdpPLMIdentificator_var identificator = IdentificatorOf(analysis).Get();
     if (identificator.IsNull()) return;
     _Identificators.Append(identificator.Get());
     identificator->AddRef();
@@ -101,6 +102,11 @@ bool IsSame(KORIAdpPLMIdentificator& element, KORIAdpPLMIdentificator* other) {
   unsigned char same = 0;
   (void)element.IsSameAs(other, same);
   return same != 0;
+}
+
+// The element, as what is the same as itself.
+KORBaseUnknown* EntryItself(KORIAdpPLMIdentificator& element) {
+  return IsSame(element, &element) ? element.GetImpl(0) : nullptr;
 }
 
 // The entry of the list that identifies the same object as the element, the first if there are several; null if there
@@ -120,9 +126,9 @@ KORBaseUnknown* FindSame(KORIAdpPLMIdentificator& element, const KORListPtrKORIA
 // counts: that takes the search.
 KORBaseUnknown* AnalysisOf(KORIAdpPLMIdentificator& element, const KORListPtrKORIAdpPLMIdentificator& identificators,
                            const KORHashObject& identifiers) {
-  KORBaseUnknown* const implementation = element.GetImpl(0);
-  const bool is_only_one = typeid(*implementation) == typeid(KORPLMIdentificator) && IsSame(element, &element);
-  const KORBaseUnknown* const entry = is_only_one ? implementation : FindSame(element, identificators);
+  const KORBaseUnknown* const implementation = element.GetImpl(0);
+  const bool is_only_one = typeid(*implementation) == typeid(KORPLMIdentificator);
+  const KORBaseUnknown* const entry = is_only_one ? EntryItself(element) : FindSame(element, identificators);
   return entry == nullptr ? nullptr : static_cast<KORBaseUnknown*>(identifiers.Get(entry));
 }
 

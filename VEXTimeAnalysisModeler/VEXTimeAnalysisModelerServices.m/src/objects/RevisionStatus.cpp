@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "objects/Identificator.h"
 #include "objects/ReusedAnalyses.h"
 #include "objects/VersionQuery.h"
 #include "platform/base/KORStatus.h"
@@ -28,7 +29,7 @@ Status AskForStatus(const VEXITimeAnalysisRepReference_var& analysis) {
 }  // namespace
 
 bool IsLatest(const VEXITimeAnalysisRepReference_var& analysis) {
-  const KORIAdpPLMIdentificator_var identificator = IdentificatorOf(analysis);
+  const KORIAdpPLMIdentificator_var identificator = IdentificatorOf(analysis).Get();
   if (identificator.IsNull()) return false;
   KORListPtrKORIAdpPLMIdentificator asked;
   asked.Append(identificator.Get());

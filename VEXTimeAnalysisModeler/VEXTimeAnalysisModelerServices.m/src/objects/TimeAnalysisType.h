@@ -1,7 +1,7 @@
 // How the platform knows time analyses: by a representation type, which has a factory, and by a knowledge type.
 #pragma once
 
-#include "objects/HandedOut.h"
+#include "HandedOut.h"
 #include "platform/services/KORIType.h"
 #include "platform/services/PLMIRepresentationReferenceFactory.h"
 

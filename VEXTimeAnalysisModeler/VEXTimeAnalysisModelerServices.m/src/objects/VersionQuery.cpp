@@ -1,7 +1,7 @@
 // What the database is asked about the revisions of time analyses.
 #include "objects/VersionQuery.h"
 
-#include "objects/HandedOut.h"
+#include "HandedOut.h"
 #include "platform/base/KORStatus.h"
 #include "platform/base/KORUuid.h"
 
@@ -15,17 +15,9 @@ constexpr int MinorSeekMode = 1;
 
 }  // namespace
 
-KORIAdpPLMIdentificator_var IdentificatorOf(const VEXITimeAnalysisRepReference_var& analysis) {
-  const KORIPLMComponent_var component(analysis);
-  if (component.IsNull()) return NULL_var;
-  KORIAdpPLMIdentificator* identificator = nullptr;
-  (void)component->GetPLMIdentificator(identificator);
-  return KORIAdpPLMIdentificator_var::Adopt(identificator);
-}
-
 long AskForVersions(const KORListPtrKORIAdpPLMIdentificator& identificators, KORListValKORAdpVersioningInfo& infos) {
   const HandedOut<KORIAdpErrorMonitor> monitor(
-      [](KORIAdpErrorMonitor*& out) { return KORAdpErrorMonitorFactory::CreateErrorMonitor(KORUuid(), out); });
+      [](KORIAdpErrorMonitor*& out) { return KORAdpErrorMonitorFactory::CreateErrorMonitor(KORUuid::Fresh(), out); });
   return KORAdpProtectedVersioningServices::GetVersioningInfo(identificators, MajorSeekMode, MinorSeekMode, infos,
                                                               monitor.Get().Get());
 }

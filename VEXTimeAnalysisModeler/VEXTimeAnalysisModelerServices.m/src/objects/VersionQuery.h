@@ -8,9 +8,6 @@
 
 namespace objects {
 
-/// By what the database knows the analysis; null if it has no identificator.
-KORIAdpPLMIdentificator_var IdentificatorOf(const VEXITimeAnalysisRepReference_var& analysis);
-
 /// Asks the database, once, what it knows of the objects of `identificators`. The status of its answer.
 long AskForVersions(const KORListPtrKORIAdpPLMIdentificator& identificators, KORListValKORAdpVersioningInfo& infos);
 

@@ -1,14 +1,14 @@
 // The table of kept components, by text key.
 #include "presentation/VEXETimeAnalysisSessionServicesMgr.h"
 
-#include "objects/HandedOut.h"
+#include "HandedOut.h"
+#include "objects/Identificator.h"
 #include "platform/base/KORFillDictionary.h"
 #include "platform/base/KORStatus.h"
 #include "platform/model/KORPLMSpace.h"
 
 namespace {
 
-using objects::HandedOut;
 using HandedOutSpace = HandedOut<KORIPLMSpace>;
 
 KORBaseUnknown* MakeManager() {
@@ -25,18 +25,9 @@ HandedOutSpace ResolutionSpace() {
 }
 
 HandedOut<KORBaseUnknown> Resolve(const KORIPLMSpace_var& space, const KORIAdpPLMIdentificator_var& identificator) {
-  return objects::HandedOutUntyped<KORBaseUnknown>([&space, &identificator](void** out) {
+  return HandedOutUntyped<KORBaseUnknown>([&space, &identificator](void** out) {
     return space->ResolveComponent(identificator.Get(), KORBaseUnknown::ClassId(), out);
   });
-}
-
-// Null if the object is no component or its identificator cannot be had.
-KORIAdpPLMIdentificator_var IdentificatorOf(KORBaseUnknown* object) {
-  const KORIPLMComponent_var component(object);
-  if (component.IsNull()) return NULL_var;
-  const HandedOut<KORIAdpPLMIdentificator> identificator(
-      [&component](KORIAdpPLMIdentificator*& out) { return component->GetPLMIdentificator(out); });
-  return identificator.IsGiven() ? identificator.Get() : NULL_var;
 }
 
 }  // namespace
@@ -93,11 +84,11 @@ long VEXETimeAnalysisSessionServicesMgr::GetKeptComponent(const KORUnicodeString
 long VEXETimeAnalysisSessionServicesMgr::KeepComponent(const KORUnicodeString& key, KORBaseUnknown* component) {
   if (component == nullptr) return E_INVALIDARG;
   if (!Find(key).IsNull()) return S_OK;
-  const KORIAdpPLMIdentificator_var identificator = IdentificatorOf(component);
-  if (identificator.IsNull()) return S_FALSE;
+  const auto identificator = objects::IdentificatorOf(KORIPLMComponent_var(component));
+  if (!identificator.IsGiven()) return S_FALSE;
   const std::lock_guard lock(_Mutex);
   // Not added if another thread was faster: what it kept stays.
-  if (_Components.Insert(key, identificator.Get()) > 0) identificator->AddRef();
+  if (_Components.Insert(key, identificator.Get().Get()) > 0) identificator.Get()->AddRef();
   return S_OK;
 }
 

@@ -4,8 +4,6 @@
 #include "platform/base/KORHandle.h"
 #include "platform/base/KORStatus.h"
 
-namespace objects {
-
 /// What an operation handed out, and its status: of the two one may tell of a failure that the other knows nothing of.
 /// The reference that came with the object is the handle's, whatever the status says.
 ///
@@ -56,5 +54,3 @@ HandedOut<Interface> Query(const KORHandle<Object>& object) {
   return HandedOutUntyped<Interface>(
       [&object](void** out) { return object->QueryInterface(Interface::ClassId(), out); });
 }
-
-}  // namespace objects
