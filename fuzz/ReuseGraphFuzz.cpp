@@ -67,7 +67,8 @@ class World {
     support::Line line((kind & 4) == 0 ? IdentifierOf(reused) : "*");
     if ((kind & 8) == 0) line.Timed(Types[kind % Types.size()], 0.36, (kind & 16) == 0 ? 2.0 : -1.0);
     if ((kind & 32) == 0) line.Reuses(_Analyses[reused]);
-    if ((kind & 64) != 0) line.Formula(support::TimeFormula(IdentifierOf(place), "1", "0.5"));
+    if ((kind & 64) != 0)
+      line.Formula(support::TimeFormula(IdentifierOf((kind & 128) == 0 ? place : reused), "1", "0.5"));
     support::AppendLines(*_Analyses[place], {line});
   }
 

@@ -215,6 +215,33 @@ TEST_F(ImpactWaysTest, ALadderIsLeftAsGoingEveryWayLeavesIt) {
 
 // ---- Circles ----
 
+// A reuses X, which reuses T on `rows` rows, and Y, which has lost the formula that A still holds for it: the climb
+// comes from X first and calculates A with that formula.
+std::vector<TimeAnalysis_var> WithALostFormula(int rows) {
+  const TimeAnalysis_var changed = NewTemplate("T", 10.0);
+  const TimeAnalysis_var x =
+      NewAnalysis("X", std::vector<Line>(static_cast<std::size_t>(rows), ReusingLine("T", changed)));
+  const TimeAnalysis_var y = NewAnalysis("Y", {ReusingLine("T", changed)});
+  Line of_y = ReusingLine("Y", y).Set("TimeType", "TTU").Set("TTUTime", 5.0).Set("Factor", -1.0);
+  of_y.Set("FrequencyString", "7").Formula(TimeFormula("Y", "1", "0.72"));
+  return {changed, x, y, NewAnalysis("A", {ReusingLine("X", x), of_y})};
+}
+
+TEST_F(ImpactWaysTest, AFormulaThatIsLostLeavesTheSameOnEveryWay) {
+  for (const int rows : {2, 600}) {
+    SCOPED_TRACE(rows);
+    const std::vector<TimeAnalysis_var> analyses = WithALostFormula(rows);
+    EXPECT_EQ(Propagate(analyses.front()), "S_OK");
+    const KORFreshSession plain;
+    const std::vector<TimeAnalysis_var> expected = WithALostFormula(rows);
+    KORListValKORBaseUnknown_var all;
+    oracle::Climb climb;
+    (void)oracle::UpdateAllImpacted(KORBaseUnknown_var(expected.front()), all, climb);
+    EXPECT_EQ(support::DescribeAnalysis(*analyses.back()), support::DescribeAnalysis(*expected.back()));
+    EXPECT_THAT(RealOf(*analyses.back(), "TTUCalculated"), Optional(20.0));
+  }
+}
+
 struct CircleRow {
   const char* name;
   int analyses;

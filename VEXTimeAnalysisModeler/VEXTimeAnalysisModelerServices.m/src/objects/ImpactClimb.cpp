@@ -25,39 +25,38 @@ std::size_t CountSame(const KORRawCollPV& reused_in, int position) {
 // A walk over everything above an analysis that enters each analysis once.
 class EachAnalysisOnce {
  public:
-  explicit EachAnalysisOnce(const KORHashObject& reuses) : _Reuses(reuses) {}
+  EachAnalysisOnce(const KORHashObject& reuses, KORBaseUnknown* changed) : _Reuses(reuses) { Enter(changed); }
 
-  void Run(KORBaseUnknown* changed) {
-    Enter(changed);
+  ImpactOrder Run() {
     while (!_Open.empty()) {
       ImpactLevel& level = _Open.back();
       if (level.IsDone()) {
-        _Finished.push_back(level.Analysis);
+        _Order.Analyses.push_back(level.Analysis);
         _Open.pop_back();
       } else {
-        Enter(level.Take());
+        KORBaseUnknown* const below = level.Analysis;
+        KORBaseUnknown* const impacted = level.Take();
+        if (Enter(impacted)) _Order.FirstSteps.push_back({below, impacted});
       }
     }
+    _Order.Analyses.pop_back();  // where the walk began
+    std::reverse(_Order.Analyses.begin(), _Order.Analyses.end());
+    return std::move(_Order);
   }
 
-  /// Each behind all that is above it; the analysis of the start is the last one.
-  std::vector<KORBaseUnknown*>& Finished() { return _Finished; }
-  /// Lines that reuse the analysis of the start or one above it.
-  std::size_t GetReuseCount() const { return _ReuseCount; }
-
  private:
-  void Enter(KORBaseUnknown* analysis) {
-    if (analysis == nullptr || !_Entered.insert(analysis).second) return;
+  bool Enter(KORBaseUnknown* analysis) {
+    if (analysis == nullptr || !_Entered.insert(analysis).second) return false;
     const KORRawCollPV* const reused_in = ReusedInOf(_Reuses, analysis);
-    if (reused_in != nullptr) _ReuseCount += static_cast<std::size_t>(reused_in->Size());
+    if (reused_in != nullptr) _Order.ReuseCount += static_cast<std::size_t>(reused_in->Size());
     _Open.push_back({analysis, reused_in});
+    return true;
   }
 
   const KORHashObject& _Reuses;
   std::unordered_set<const KORBaseUnknown*> _Entered;
   std::vector<ImpactLevel> _Open;
-  std::vector<KORBaseUnknown*> _Finished;
-  std::size_t _ReuseCount = 0;
+  ImpactOrder _Order;
 };
 
 }  // namespace
@@ -91,24 +90,17 @@ std::optional<ImpactStep> ImpactClimb::Next() {
   return std::nullopt;
 }
 
+ImpactOrder OrderOfImpact(const KORHashObject& reuses, KORBaseUnknown* changed) {
+  return EachAnalysisOnce(reuses, changed).Run();
+}
+
 bool HasManyWays(const KORHashObject& reuses, KORBaseUnknown* changed) {
-  EachAnalysisOnce walk(reuses);
-  walk.Run(changed);
-  const std::size_t limit = std::max(SmallCost, RepeatedCost * walk.GetReuseCount());
+  const std::size_t limit = std::max(SmallCost, RepeatedCost * OrderOfImpact(reuses, changed).ReuseCount);
   ImpactClimb climb(reuses, {changed});
   while (climb.GetCost() <= limit) {
     if (!climb.Next()) return false;
   }
   return true;
-}
-
-std::vector<KORBaseUnknown*> ImpactedInOrder(const KORHashObject& reuses, KORBaseUnknown* changed) {
-  EachAnalysisOnce walk(reuses);
-  walk.Run(changed);
-  std::vector<KORBaseUnknown*>& finished = walk.Finished();
-  finished.pop_back();
-  std::reverse(finished.begin(), finished.end());
-  return std::move(finished);
 }
 
 }  // namespace objects

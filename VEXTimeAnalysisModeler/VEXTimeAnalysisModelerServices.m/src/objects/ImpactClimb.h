@@ -55,14 +55,20 @@ class ImpactClimb {
   std::size_t _Cost = 0;
 };
 
+/// What is above an analysis, each analysis once.
+struct ImpactOrder {
+  std::vector<ImpactStep> FirstSteps;     // the climb's first step to each, in their order
+  std::vector<KORBaseUnknown*> Analyses;  // each behind all that it reuses; in a circle of reuses behind those that
+                                          // come before it on the climb
+  std::size_t ReuseCount = 0;  // lines that reuse the analysis or one above it
+};
+/// `changed` is not null.
+ImpactOrder OrderOfImpact(const KORHashObject& reuses, KORBaseUnknown* changed);
+
 /// Whether the climb from an analysis would visit lines again and again: it costs more than RepeatedCost for each reuse
 /// above the analysis, and more than SmallCost in all. The answer itself costs no more than that.
 bool HasManyWays(const KORHashObject& reuses, KORBaseUnknown* changed);
 inline constexpr std::size_t RepeatedCost = 4;
 inline constexpr std::size_t SmallCost = 1000;
-
-/// The analyses above an analysis, each once and behind all those that it reuses; in a circle of reuses behind those
-/// that come before it on the climb. `changed` is not null.
-std::vector<KORBaseUnknown*> ImpactedInOrder(const KORHashObject& reuses, KORBaseUnknown* changed);
 
 }  // namespace objects

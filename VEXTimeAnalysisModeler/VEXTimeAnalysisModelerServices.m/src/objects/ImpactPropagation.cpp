@@ -23,6 +23,15 @@ void Climb(ImpactClimb climb, VEXSTMTimeAnalysisDlgServices& services, KORListPt
   }
 }
 
+// The first visit of the climb to each analysis. It calculates the analysis while its lines that reuse others still
+// hold what they held before: what that leaves in a line stays there if the line has no formula any more behind it.
+void VisitFirst(const std::vector<ImpactStep>& steps, VEXSTMTimeAnalysisDlgServices& services) {
+  ComponentsToSave visited;
+  for (const ImpactStep& step : steps) {
+    BringUpToDate(KORBaseUnknown_var(step.Impacted), {step.Changed}, services, visited.List());
+  }
+}
+
 }  // namespace
 
 void UpdateOnEveryWay(const KORBaseUnknown_var& changed, const KORHashObject& reuses,
@@ -34,8 +43,10 @@ void UpdateOnEveryWay(const KORBaseUnknown_var& changed, const KORHashObject& re
 void UpdateEachOnce(const KORBaseUnknown_var& changed, const KORHashObject& reuses,
                     KORListPtrKORIPLMComponent& components) {
   VEXSTMTimeAnalysisDlgServices services;
+  const ImpactOrder order = OrderOfImpact(reuses, changed->GetImpl(0));
+  VisitFirst(order.FirstSteps, services);
   std::unordered_set<const KORBaseUnknown*> up_to_date{changed->GetImpl(0)};
-  for (KORBaseUnknown* const impacted : ImpactedInOrder(reuses, changed->GetImpl(0))) {
+  for (KORBaseUnknown* const impacted : order.Analyses) {
     BringUpToDate(KORBaseUnknown_var(impacted), up_to_date, services, components);
     up_to_date.insert(impacted);
   }

@@ -19,9 +19,10 @@ void UpdateAndClimb(const KORBaseUnknown_var& changed, const KORBaseUnknown_var&
                     KORListPtrKORIPLMComponent& components);
 
 /// The two ways in which everything above an analysis is brought up to date: by the steps of the climb, which visits an
-/// analysis on every way that leads to it, and once for each analysis, behind all that it reuses. They leave the same
-/// lines and totals where no way leads back to an analysis on it, and no formula parameter of a changed analysis bears
-/// the identifier of one that reuses it. `changed` is not null.
+/// analysis on every way that leads to it, and by the climb's first step to each analysis, and then once more for each,
+/// behind all that it reuses. They leave the same lines and totals unless a way leads back to an analysis on it, a
+/// formula parameter of a changed analysis bears the identifier of one that reuses it, or a formula comes to a line at
+/// one visit and is gone from it at a later one. `changed` is not null.
 void UpdateOnEveryWay(const KORBaseUnknown_var& changed, const KORHashObject& reuses,
                       KORListPtrKORIPLMComponent& components);
 void UpdateEachOnce(const KORBaseUnknown_var& changed, const KORHashObject& reuses,
