@@ -60,7 +60,7 @@ struct ImpactOrder {
   std::vector<ImpactStep> FirstSteps;     // the climb's first step to each, in their order
   std::vector<KORBaseUnknown*> Analyses;  // each behind all that it reuses; in a circle of reuses behind those that
                                           // come before it on the climb
-  std::size_t ReuseCount = 0;  // lines that reuse the analysis or one above it
+  std::size_t ReuseCount = 0;             // lines that reuse the analysis or one above it
 };
 /// `changed` is not null.
 ImpactOrder OrderOfImpact(const KORHashObject& reuses, KORBaseUnknown* changed);
