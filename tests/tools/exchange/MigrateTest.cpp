@@ -24,7 +24,6 @@ namespace files = std::filesystem;
 using support::TemporaryFolder;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::StartsWith;
 
 const std::string examples = TEST_SOURCE_DIR "/../examples/exchange";

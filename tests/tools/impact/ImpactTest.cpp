@@ -1,78 +1,19 @@
 // What the change of a template touches, and the files brought up to date.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <filesystem>
-#include <map>
 #include <nlohmann/json.hpp>
 #include <optional>
-#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "platform/system/KORFault.h"
-#include "tests/support/FullDisk.h"
-#include "tests/support/TemporaryFolder.h"
-#include "tests/tools/ToolRun.h"
+#include "tests/tools/impact/ImpactRuns.h"
 
 namespace {
 
-namespace files = std::filesystem;
-using Files = std::map<std::string, std::string>;
-
-const std::string frozen_catalogue = TEST_SOURCE_DIR "/tools/cases/catalogue";
-
-void WriteAll(const support::TemporaryFolder& folder, const Files& contents) {
-  for (const auto& [name, content] : contents) folder.Write(name, content);
-}
-
-Files ReadAll(const support::TemporaryFolder& folder, const Files& contents) {
-  Files read;
-  for (const auto& [name, content] : contents) read[name] = folder.Read(name).value_or("(gone)");
-  return read;
-}
-
-ToolOutcome RunImpact(const support::TemporaryFolder& folder, const std::string& identifier,
-                      std::vector<std::string> options = {}, const ToolInput& input = {}) {
-  options.insert(options.begin(), {"impact", folder.Path(), "--template", identifier, "--catalogue", frozen_catalogue});
-  return RunInProcess(options, input);
-}
-
-std::vector<nlohmann::json> Objects(const ToolOutcome& outcome) {
-  std::vector<nlohmann::json> objects;
-  std::istringstream lines(outcome.Output);
-  for (std::string line; std::getline(lines, line);) objects.push_back(nlohmann::json::parse(line));
-  return objects;
-}
-
 // ------------------------------------------------------------------------------------------------ What is touched
-
-// An analysis as the list has it: identifier, level, file, and the grand totals before and behind in TMU.
-struct Touched {
-  std::string Identifier;
-  int Level;
-  std::string State;
-  double Old;
-  std::optional<double> New;
-
-  friend bool operator==(const Touched&, const Touched&) = default;
-  friend std::ostream& operator<<(std::ostream& out, const Touched& touched) {
-    return out << touched.Identifier << ' ' << touched.Level << ' ' << touched.State << ' ' << touched.Old << ' '
-               << touched.New.value_or(-1);
-  }
-};
-
-std::vector<Touched> TouchedOf(const ToolOutcome& outcome) {
-  std::vector<Touched> touched;
-  for (const nlohmann::json& one : Objects(outcome)) {
-    Touched entry{one["identifier"], one["level"], one["state"], one["old"]["total"]["tmu"], std::nullopt};
-    if (!one["new"].is_null()) entry.New = one["new"]["total"]["tmu"].get<double>();
-    touched.push_back(std::move(entry));
-  }
-  return touched;
-}
 
 struct ImpactRow {
   const char* name;
@@ -117,9 +58,6 @@ TEST_P(ImpactTest, AppliesItToTheFilesOnce) {
   EXPECT_EQ(TouchedOf(second), applied) << "the second time changes nothing";
   EXPECT_EQ(ReadAll(folder, GetParam().files), expected);
 }
-
-// 100 TMU are 3.6 s.
-const std::string template_of_100 = "time\n100\n";
 
 INSTANTIATE_TEST_SUITE_P(
     Rows, ImpactTest,
@@ -222,16 +160,15 @@ INSTANTIATE_TEST_SUITE_P(
              {"x/y/b.csv", "# identifier: B-1\nreuse,recorded\na,1.8\n"}},
             {{"x/a", 1, "changes", 50, 100}, {"B-1", 2, "changes", 50, 100}},
             {{"x/a.csv", "reuse,recorded\nt,3.6\n"}, {"x/y/b.csv", "# identifier: B-1\nreuse,recorded\na,3.6\n"}}},
-        ImpactRow{
-            "LineEndsQuotesCommentsAndOrderStay",
-            {{"t.csv", template_of_100},
-             {"a.csv",
-              "\xEF\xBB\xBF\"# name: A;;\"\r\n# a note\r\nDescription;Recorded;Reuse\r\n\r\n\"x;\r\n\"\"y\"\"\";\" "
-              "1.8 \";t\r\n;;\r\n# end; 1.8\r\nlast; 1.8\t;t"}},
-            {{"a", 1, "changes", 100, 200}},
-            {{"a.csv",
-              "\xEF\xBB\xBF\"# name: A;;\"\r\n# a note\r\nDescription;Recorded;Reuse\r\n\r\n\"x;\r\n\"\"y\"\"\";\" "
-              "3.6 \";t\r\n;;\r\n# end; 1.8\r\nlast; 3.6\t;t"}}},
+        ImpactRow{"LineEndsQuotesCommentsAndOrderStay",
+                  {{"t.csv", template_of_100},
+                   {"a.csv",
+                    "\xEF\xBB\xBF# name: A;;\r\n# a note\r\nDescription;Recorded;Reuse\r\n\r\n\"x;\r\n\"\"y\"\"\";\" "
+                    "1.8 \";t\r\n;;\r\n# end; 1.8\r\nlast; 1.8\t;t"}},
+                  {{"a", 1, "changes", 100, 200}},
+                  {{"a.csv",
+                    "\xEF\xBB\xBF# name: A;;\r\n# a note\r\nDescription;Recorded;Reuse\r\n\r\n\"x;\r\n\"\"y\"\"\";\" "
+                    "3.6 \";t\r\n;;\r\n# end; 1.8\r\nlast; 3.6\t;t"}}},
         ImpactRow{"TextsThatAreNoUtf8Stay",
                   {{"t.csv", template_of_100}, {"a.csv", "description,reuse,recorded\nT\xFCr \x80,t,1.8\n"}},
                   {{"a", 1, "changes", 50, 100}},
@@ -325,6 +262,7 @@ struct FaultyRecord {
   const char* name;
   const char* content;
   const char* words;
+  int status = 1;
 };
 
 class FaultyRecordTest : public testing::TestWithParam<FaultyRecord> {};
@@ -337,7 +275,7 @@ TEST_P(FaultyRecordTest, IsToldAndNothingIsApplied) {
                        {"c.csv", "reuse,recorded\nt,1.8\n"}};
   WriteAll(folder, contents);
   const ToolOutcome outcome = RunImpact(folder, "t", {"--apply", "--json"});
-  EXPECT_EQ(outcome.ExitStatus, 1);
+  EXPECT_EQ(outcome.ExitStatus, GetParam().status);
   EXPECT_NE(outcome.Errors.find(GetParam().words), std::string::npos) << outcome.Errors;
   Files expected = contents;
   expected["c.csv"] = "reuse,recorded\nt,3.6\n";
@@ -358,7 +296,7 @@ INSTANTIATE_TEST_SUITE_P(
                     FaultyRecord{"TimeBesideReuse", "reuse,recorded,time\nt,1.8,5\n", "a time beside a reused"},
                     FaultyRecord{"Circle", "reuse,recorded\nt,1.8\nb,1.8\n", "a circle of reuse"},
                     FaultyRecord{"TooManyCells", "reuse,recorded\nt,1.8,9\n", "3 cells for 2 columns"},
-                    FaultyRecord{"OpenQuote", "reuse,recorded\nt,1.8\n\"", "a quote that is not closed"}),
+                    FaultyRecord{"OpenQuote", "reuse,recorded\nt,1.8\n\"", "a quote that is not closed", 2}),
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST(Impact, AFlawedTemplateIsNotApplied) {
@@ -488,167 +426,6 @@ TEST(Impact, RefusesToCarryTooManyParametersInOneRun) {
   EXPECT_EQ(outcome.ExitStatus, 1);
   EXPECT_NE(outcome.Errors.find("more than 1000000 formula parameters up to all rows of a run"), std::string::npos)
       << outcome.Errors;
-}
-
-// ------------------------------------------------------------------------------------------------ Files
-
-const Files three_files{{"t.csv", template_of_100},
-                        {"a.csv", "reuse,recorded\nt,1.8\n"},
-                        {"b.csv", "reuse,recorded\na,1.8\n"},
-                        {"c.csv", "reuse,recorded\nb,1.8\n"}};
-const std::string new_a = "reuse,recorded\nt,3.6\n";
-const std::string new_b = "reuse,recorded\na,3.6\n";
-const std::string new_c = "reuse,recorded\nb,3.6\n";
-
-std::string StateOf(const ToolOutcome& outcome, const std::string& identifier) {
-  for (const Touched& touched : TouchedOf(outcome)) {
-    if (touched.Identifier == identifier) return touched.State;
-  }
-  return "(none)";
-}
-
-TEST(FilesOfImpact, AReadOnlyOneKeepsAllFromBeingWritten) {
-  const support::TemporaryFolder folder;
-  WriteAll(folder, three_files);
-  ASSERT_EQ(chmod(folder.Path("b.csv").c_str(), 0444), 0);
-  const ToolOutcome outcome = RunImpact(folder, "t", {"--apply", "--json"});
-  EXPECT_EQ(outcome.ExitStatus, 2);
-  EXPECT_EQ(outcome.Errors, "timeanalysis: " + folder.Path("b.csv") +
-                                ": would be changed, and may only be read; allow writing to it\n"
-                                "timeanalysis: no file was changed; correct what is told above\n");
-  EXPECT_EQ(StateOf(outcome, "a"), "old");
-  EXPECT_EQ(ReadAll(folder, three_files), three_files);
-}
-
-TEST(FilesOfImpact, AReadOnlyOneThatDoesNotChangeIsLetPass) {
-  const support::TemporaryFolder folder;
-  WriteAll(folder, three_files);
-  ASSERT_EQ(chmod(folder.Path("t.csv").c_str(), 0444), 0);
-  EXPECT_EQ(RunImpact(folder, "t", {"--apply"}).ExitStatus, 0);
-  EXPECT_EQ(folder.Read("c.csv"), new_c);
-}
-
-TEST(FilesOfImpact, ALinkKeepsAllFromBeingWritten) {
-  const support::TemporaryFolder folder;
-  WriteAll(folder, three_files);
-  files::rename(folder.Path("b.csv"), folder.Path("b.text"));
-  files::create_symlink("b.text", folder.Path("b.csv"));
-  const ToolOutcome outcome = RunImpact(folder, "t", {"--apply"});
-  EXPECT_EQ(outcome.ExitStatus, 2);
-  EXPECT_NE(outcome.Errors.find("/b.csv: would be changed, and is a link"), std::string::npos) << outcome.Errors;
-  EXPECT_TRUE(files::is_symlink(folder.Path("b.csv")));
-  EXPECT_EQ(ReadAll(folder, three_files), three_files);
-}
-
-TEST(FilesOfImpact, ANameThatNoneMayHaveKeepsAllFromBeingWritten) {
-  const support::TemporaryFolder folder;
-  WriteAll(folder, {{"t.csv", template_of_100}, {"a\tb.csv", "reuse,recorded\nt,1.8\n"}});
-  const ToolOutcome outcome = RunImpact(folder, "t", {"--apply"});
-  EXPECT_EQ(outcome.ExitStatus, 2);
-  EXPECT_NE(outcome.Errors.find("is no name for a file"), std::string::npos) << outcome.Errors;
-  EXPECT_EQ(folder.Read("a\tb.csv"), "reuse,recorded\nt,1.8\n");
-}
-
-// The second file has no room on the disk.
-TEST(FilesOfImpact, AFullDiskLeavesEachOldOrNew) {
-  const support::TemporaryFolder folder;
-  Files contents = three_files;
-  contents["b.csv"] += "# " + std::string(100'000, 'x') + "\n";
-  WriteAll(folder, contents);
-  ToolOutcome outcome;
-  {
-    const support::FullDisk disk(50'000);
-    outcome = RunImpact(folder, "t", {"--apply", "--json"});
-  }
-  EXPECT_EQ(outcome.ExitStatus, 3);
-  EXPECT_EQ(outcome.Errors, "timeanalysis: " + folder.Path("b.csv") +
-                                ": cannot be written: File too large. What stood there was left as it is\n"
-                                "1 of 3 files written, each whole; run the command again for the others\n  new  " +
-                                folder.Path("a.csv") + "\n  old  " + folder.Path("b.csv") + "\n  old  " +
-                                folder.Path("c.csv") + "\n");
-  EXPECT_EQ(StateOf(outcome, "a"), "written");
-  EXPECT_EQ(StateOf(outcome, "b"), "old");
-  EXPECT_EQ(StateOf(outcome, "c"), "old");
-  Files expected = contents;
-  expected["a.csv"] = new_a;
-  EXPECT_EQ(ReadAll(folder, contents), expected);
-  EXPECT_EQ(folder.Names().size(), 4u) << "nothing temporary is left";
-
-  EXPECT_EQ(RunImpact(folder, "t", {"--apply"}).ExitStatus, 0) << "with room, the others follow";
-  EXPECT_EQ(folder.Read("c.csv"), new_c);
-}
-
-TEST(FilesOfImpact, AStopBetweenTwoFilesLeavesEachOldOrNew) {
-  const support::TemporaryFolder folder;
-  WriteAll(folder, three_files);
-  ToolInput input;
-  input.IsStopWanted = [&folder] { return folder.Read("b.csv") == new_b; };
-  const ToolOutcome outcome = RunImpact(folder, "t", {"--apply", "--json"}, input);
-  EXPECT_EQ(outcome.ExitStatus, 3);
-  EXPECT_EQ(
-      outcome.Errors,
-      "timeanalysis: interrupted\n2 of 3 files written, each whole; run the command again for the others\n  new  " +
-          folder.Path("a.csv") + "\n  new  " + folder.Path("b.csv") + "\n  old  " + folder.Path("c.csv") + "\n");
-  EXPECT_EQ(StateOf(outcome, "b"), "written");
-  EXPECT_EQ(StateOf(outcome, "c"), "old");
-  Files expected = three_files;
-  expected["a.csv"] = new_a;
-  expected["b.csv"] = new_b;
-  EXPECT_EQ(ReadAll(folder, three_files), expected);
-}
-
-TEST(FilesOfImpact, AStopAheadOfTheFirstFileLeavesAllOld) {
-  const support::TemporaryFolder folder;
-  WriteAll(folder, three_files);
-  ToolInput input;
-  input.IsStopWanted = [] { return true; };
-  const ToolOutcome outcome = RunImpact(folder, "t", {"--apply"}, input);
-  EXPECT_EQ(outcome.ExitStatus, 3);
-  EXPECT_EQ(outcome.Errors, "timeanalysis: interrupted ahead of the first change; all files are old\n");
-  EXPECT_EQ(ReadAll(folder, three_files), three_files);
-}
-
-TEST(FilesOfImpact, WithoutApplyNobodyAsksForAStop) {
-  const support::TemporaryFolder folder;
-  WriteAll(folder, three_files);
-  ToolInput input;
-  input.IsStopWanted = [] { return true; };
-  EXPECT_EQ(RunImpact(folder, "t", {}, input).ExitStatus, 0);
-}
-
-// Somebody saves the second file while the first one is written.
-TEST(FilesOfImpact, AFileThatWasChangedMeanwhileIsLeft) {
-  const support::TemporaryFolder folder;
-  WriteAll(folder, three_files);
-  ToolInput input;
-  input.IsStopWanted = [&folder] {
-    if (folder.Read("a.csv") == new_a) folder.Write("b.csv", "reuse,recorded\na,1.8\nt,9\n");
-    return false;
-  };
-  const ToolOutcome outcome = RunImpact(folder, "t", {"--apply"}, input);
-  EXPECT_EQ(outcome.ExitStatus, 3);
-  EXPECT_NE(outcome.Errors.find("/b.csv: has changed since it was read"), std::string::npos) << outcome.Errors;
-  EXPECT_EQ(folder.Read("a.csv"), new_a);
-  EXPECT_EQ(folder.Read("b.csv"), "reuse,recorded\na,1.8\nt,9\n");
-  EXPECT_EQ(folder.Read("c.csv"), three_files.at("c.csv"));
-}
-
-// Somebody saves a file between its being read and its change being made up: it is left, with all above it.
-TEST(FilesOfImpact, AFileThatWasChangedWhileOthersWereComputedIsLeft) {
-  const support::TemporaryFolder folder;
-  WriteAll(folder, three_files);
-  ToolInput input;
-  input.IsStopWanted = [&folder] {
-    folder.Write("b.csv", "reuse,recorded\na,1.8\nt,9\n");
-    return false;
-  };
-  const ToolOutcome outcome = RunImpact(folder, "t", {"--apply", "--json"}, input);
-  EXPECT_EQ(outcome.ExitStatus, 2);
-  EXPECT_NE(outcome.Errors.find("/b.csv: has changed since it was read"), std::string::npos) << outcome.Errors;
-  EXPECT_EQ(StateOf(outcome, "a"), "written");
-  EXPECT_EQ(StateOf(outcome, "b"), "flawed");
-  EXPECT_EQ(StateOf(outcome, "c"), "flawed");
-  EXPECT_EQ(folder.Read("c.csv"), three_files.at("c.csv"));
 }
 
 }  // namespace
