@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstdint>
 
 namespace {
 
@@ -32,7 +31,7 @@ std::size_t KORHashObject::PlaceOf(const void* key) const {
 // Makes room for that many entries, and puts those that stand in their places.
 void KORHashObject::MakePlaces(std::size_t entries) {
   _Places.assign(std::bit_ceil(2 * entries), 0);
-  for (std::size_t number = 1; number <= _Entries.size(); ++number) {
+  for (std::uint32_t number = 1; number <= _Entries.size(); ++number) {
     _Places[PlaceOf(_Entries[number - 1].Key)] = number;
   }
 }
@@ -44,7 +43,7 @@ int KORHashObject::Insert(void* key, void* value) {
   if (2 * _Entries.size() > _Places.size()) {
     MakePlaces(2 * _Entries.size());
   } else {
-    _Places[place] = _Entries.size();
+    _Places[place] = static_cast<std::uint32_t>(_Entries.size());
   }
   return 1;
 }

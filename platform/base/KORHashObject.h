@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "platform/base/KORExport.h"
@@ -48,6 +49,6 @@ class KORPLATFORM_API KORHashObject {
   std::vector<Entry> _Entries;  // in the order in which they were added
   // Where the entries stand, as a number from 1, each in the first empty place from the one that its key comes to; 0 in
   // an empty place. Their number is a power of 2, and at most half of them are taken.
-  std::vector<std::size_t> _Places;
+  std::vector<std::uint32_t> _Places;
   std::size_t _Next = 0;
 };

@@ -28,6 +28,10 @@ bool HasAll(const KORKeyedValues& attributes, const VEXSTTAdpIdentificationSet& 
 
 }  // namespace
 
+KORReachedObjects& KORReachedObjects::Current() {
+  return KORSession::Current().GetPart<KORReachedObjects>();
+}
+
 long VEXSTTAdpIdentificationSet::AddAttribute(const KORString& name, const KORUnicodeString& value) {
   return KORPerform("AddAttribute", [this, &name, &value] {
     _Attributes.emplace_back(name, value);
@@ -71,6 +75,7 @@ long VEXSTTAnalysesQueryServices::GetAllTimeAnalysis(KORListValKORBaseUnknown_va
     for (const KORHandle<VEXTimeAnalysisRepReference>& analysis : KORModel::Current().GetTimeAnalyses()) {
       analyses.Append(analysis);
     }
+    analyses.Append(KORReachedObjects::Current().GetAll());
     bag.Keep(analyses);
     return S_OK;
   });

@@ -39,9 +39,23 @@ struct KORPLATFORM_API VEXSTTAnalysesQueryServices {
   static long GetElementsFromAttributes(const VEXSTTAdpIdentificationSet& set, KORListValKORBaseUnknown_var& elements,
                                         KOROmbLifeCycleRootsBag& bag);
 
-  /// Fills `analyses` with all time analyses of the current session, in the order in which they were made. S_OK; the
-  /// list is empty on failure.
+  /// Fills `analyses` with all time analyses of the current session, in the order in which they were made, and what
+  /// else it reaches (KORReachedObjects) behind them. S_OK; the list is empty on failure.
   ///
   /// bag  keeps the analyses alive
   static long GetAllTimeAnalysis(KORListValKORBaseUnknown_var& analyses, KOROmbLifeCycleRootsBag& bag);
+};
+
+/// Objects of another origin than the session's model that a query for all time analyses reaches, too. Whoever asks
+/// does not know of what kind they are. A part of the session.
+class KORPLATFORM_API KORReachedObjects {
+ public:
+  /// Those of the current session; owned by it.
+  static KORReachedObjects& Current();
+
+  void Add(const KORBaseUnknown_var& object) { _Objects.Append(object); }
+  const KORListValKORBaseUnknown_var& GetAll() const { return _Objects; }
+
+ private:
+  KORListValKORBaseUnknown_var _Objects;
 };

@@ -186,7 +186,7 @@ class StreamFaultTest : public objectstest::FaultTest {
   LegacyAnalyses _Analyses;
 };
 
-TEST_P(StreamFaultTest, ComesBackAsTold) {
+TEST_P(StreamFaultTest, GivesItsOutcome) {
   const TimeAnalysis_var analysis = _Analyses.Make("TA", "Save|x");
   const long open_before = CountOpenFiles();
   ExpectOutcome([&] { return Retrieve(analysis); }, "S_OK: Save|x");

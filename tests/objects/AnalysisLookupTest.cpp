@@ -78,7 +78,7 @@ TEST_F(AnalysisLookupTest, TheHandleIsAllThatIsKept) {
 
 class AnalysisLookupFaultTest : public objectstest::FaultTest {};
 
-TEST_P(AnalysisLookupFaultTest, ComesOutAsTold) {
+TEST_P(AnalysisLookupFaultTest, GivesItsOutcome) {
   NewAnalysis("Pick");
   ExpectOutcome([] { return NameOf(Find("Pick")); }, "Pick");
 }

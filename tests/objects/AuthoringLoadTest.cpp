@@ -99,7 +99,7 @@ TEST_F(AuthoringLoadTest, WhatIsNoComponentIsNotAskedForAContainer) {
 
 class AuthoringLoadFaultTest : public objectstest::FaultTest {};
 
-TEST_P(AuthoringLoadFaultTest, ComesOutAsTold) {
+TEST_P(AuthoringLoadFaultTest, GivesItsOutcome) {
   const auto pick = NewAnalysisWithContainer("Pick");
   const auto load = [&] {
     pick->GetContent().LoadingMode = "none";

@@ -110,7 +110,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 class GetBIInfoFaultTest : public FaultTest {};
 
-TEST_P(GetBIInfoFaultTest, IsToldAsFarAsItIsTested) {
+TEST_P(GetBIInfoFaultTest, ShowsAsFarAsItIsTested) {
   OpenWindow(FilterWithOpenness("Q"));
   ExpectOutcome(State, "S_OK 1 Maturity");
 }
@@ -125,7 +125,7 @@ INSTANTIATE_TEST_SUITE_P(Calls, GetBIInfoFaultTest,
 
 class GetColorForBIFilterFaultTest : public FaultTest {};
 
-TEST_P(GetColorForBIFilterFaultTest, IsToldAsFarAsItIsTested) {
+TEST_P(GetColorForBIFilterFaultTest, ShowsAsFarAsItIsTested) {
   SetColour("Q", {1, 2, 3, 4, 5});
   OpenWindow(FilterWithOpenness("Q"));
   ExpectOutcome([] { return Colour(); }, "S_OK 1 2 3 4 5");

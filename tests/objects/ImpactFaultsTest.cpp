@@ -78,7 +78,7 @@ class ImpactFaultTest : public objectstest::FaultTest {
   SaveLog _Log;
 };
 
-TEST_P(ImpactFaultTest, ComesOutAsTold) {
+TEST_P(ImpactFaultTest, GivesItsOutcome) {
   ExpectOutcome([this] { return PropagateOnce(); }, "S_OK, saved Pick, written, 2 listed");
 }
 

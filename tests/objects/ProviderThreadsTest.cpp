@@ -99,4 +99,38 @@ TEST_F(ProviderThreadsTest, SessionsSideBySide) {
   for (std::thread& thread : threads) thread.join();
 }
 
+// Keeps an analysis whose session ends while another thread asks for all that is kept.
+void EndSessionsWithKeptAnalyses(int number) {
+  const std::string key = "ending " + std::to_string(number);
+  for (int round = 0; round < Rounds; ++round) {
+    const KORFreshSession session;
+    EXPECT_EQ(Manager()->KeepComponent(key.c_str(), NewAnalysis("A")->GetImpl(0)), S_OK);
+    const bool is_forgotten_in_time = round % 2 == 0;
+    EXPECT_EQ(Manager()->ForgetComponent((is_forgotten_in_time ? key : "unknown").c_str()), S_OK);
+  }
+  EXPECT_EQ(Manager()->ForgetComponent(key.c_str()), S_OK);
+}
+
+TEST_F(ProviderThreadsTest, KeptComponentsOfEndingSessions) {
+  std::vector<std::thread> threads;
+  for (int number = 0; number < ThreadCount / 2; ++number) {
+    threads.emplace_back([number] { EndSessionsWithKeptAnalyses(number); });
+    threads.emplace_back([] {
+      for (int round = 0; round < Rounds; ++round) {
+        KORListValKORBaseUnknown_var all;
+        (void)Manager()->GetAllKeptComponents(all);
+        EXPECT_LE(all.Size(), ThreadCount / 2);
+      }
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+}
+
+TEST_F(ProviderThreadsTest, AManagerIsCastToItsInterface) {
+  const KORFreshSession session;
+  const KORBaseUnknown_var object = Manager();
+  EXPECT_EQ(Manager_var(object), Manager());
+  EXPECT_TRUE(Manager_var(KORBaseUnknown_var(NewAnalysis("A"))).IsNull());
+}
+
 }  // namespace

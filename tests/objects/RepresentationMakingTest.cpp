@@ -155,7 +155,7 @@ TEST_F(CreateNewFactoryRepRefTest, WithoutAnEnvironmentTheStatusIsThatOfTheKnowl
 
 class CreateNewFactoryRepRefFaultTest : public FaultTest {};
 
-TEST_P(CreateNewFactoryRepRefFaultTest, IsToldAsFarAsItIsTested) {
+TEST_P(CreateNewFactoryRepRefFaultTest, ShowsAsFarAsItIsTested) {
   ExpectOutcome([] { return Make(); }, "S_OK New");
 }
 
@@ -238,7 +238,7 @@ TEST_F(InstanciateNewRepRefTest, WhatIsNoRepresentationIsRefusedByTheOperation) 
 
 class InstanciateNewRepRefFaultTest : public FaultTest {};
 
-TEST_P(InstanciateNewRepRefFaultTest, IsToldAsFarAsItIsTested) {
+TEST_P(InstanciateNewRepRefFaultTest, ShowsAsFarAsItIsTested) {
   ExpectOutcome([] { return Instanciate(NewOperation("op"), NewAnalysis("A")); }, "S_OK A");
 }
 

@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "VEXSTTApplicativeContainerServices.h"
+#include "objects/ReuseIndex.h"
+#include "tests/calculation/AnalysisShell.h"
 #include "tests/objects/ObjectsTest.h"
 
 namespace {
@@ -39,6 +41,26 @@ class ReuseIndexTest : public objectstest::ObjectsTest {
   KORHashObject* _Table = new KORHashObject(200);
   std::deque<KORRawCollPV> _Lists;
 };
+
+TEST_F(ReuseIndexTest, ObjectsThatHaveNoLinesAreNotEntered) {
+  const auto grip = NewAnalysis("Grip");
+  const auto pick = NewAnalysis("Pick", {support::Line("Grip").Reuses(grip)});
+  const KORBaseUnknown_var without_lines = calculationtest::MakeShellWithout<VEXITimeAnalysisLines>(pick);
+  const KORBaseUnknown_var without_attributes = calculationtest::MakeShellWithout<VEXITimeAnalysisRepReference>(pick);
+  objects::ReuseIndex index;
+  EXPECT_EQ(
+      index.Enter(objectstest::ListOf({NULL_var, calculationtest::MakeBareObject(), without_lines, without_attributes}),
+                  E_NOINTERFACE),
+      E_NOINTERFACE)
+      << "the status that came in, as nothing is entered";
+  EXPECT_EQ(index.Table().Get(grip->GetImpl(0)), nullptr);
+  EXPECT_EQ(index.Enter(objectstest::ListOf({pick, calculationtest::MakeShell(pick)}), E_FAIL), S_OK);
+  const auto* const reused_in = static_cast<const KORRawCollPV*>(index.Table().Get(grip->GetImpl(0)));
+  ASSERT_NE(reused_in, nullptr);
+  EXPECT_EQ(reused_in->Size(), 2);
+  EXPECT_EQ((*reused_in)[1], pick->GetImpl(0));
+  Clean();
+}
 
 TEST_F(ReuseIndexTest, ATableWithoutEntriesIsFreed) {
   Clean();

@@ -87,7 +87,7 @@ const std::vector<FaultRow> WayOnce{
 
 class OneQueryFaultTest : public RevisionBatchFaultTest {};
 
-TEST_P(OneQueryFaultTest, ComesOutAsTold) {
+TEST_P(OneQueryFaultTest, GivesItsOutcome) {
   ExpectOutcome([this] { return AskOnce(); }, All);
 }
 
@@ -121,7 +121,7 @@ INSTANTIATE_TEST_SUITE_P(FirstCall, OneQueryFaultTest,
 
 class OneByOneFaultTest : public RevisionBatchFaultTest {};
 
-TEST_P(OneByOneFaultTest, ComesOutAsTold) {
+TEST_P(OneByOneFaultTest, GivesItsOutcome) {
   ExpectOutcome([this] { return AskOneByOne(); }, All);
 }
 

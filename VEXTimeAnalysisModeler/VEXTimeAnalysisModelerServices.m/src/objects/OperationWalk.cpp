@@ -1,6 +1,8 @@
 // The way from an occurrence of an operation down to its time analysis.
 #include "objects/OperationWalk.h"
 
+#include <utility>
+
 #include "platform/base/KORStatus.h"
 
 namespace objects {
@@ -39,10 +41,10 @@ AnalysisPlace FindAnalysis(const PLMIRepInstances_var& operation) {
   KORListValKORBaseUnknown_var listed;
   (void)operation->ListRepInstances(listed);
   for (const KORBaseUnknown_var& entry : listed) {
-    const PLMIRepInstance_var instance = entry;
+    PLMIRepInstance_var instance = entry;
     if (instance.IsNull()) continue;
-    const VEXITimeAnalysisRepReference_var analysis = RepReferenceOf(instance).Get();
-    if (!analysis.IsNull()) return {instance, analysis};
+    VEXITimeAnalysisRepReference_var analysis = RepReferenceOf(instance).Get();
+    if (!analysis.IsNull()) return {std::move(instance), std::move(analysis)};
   }
   return {};
 }

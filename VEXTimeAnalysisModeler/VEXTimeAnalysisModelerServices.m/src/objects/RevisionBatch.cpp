@@ -85,9 +85,10 @@ class TableBuilder {
     auto cell = std::make_unique<int>(Status::TARevUnknown);
     if (_Statuses.Insert(analysis->GetImpl(0), cell.get()) == 0) return;
     (void)cell.release();
-    KORIAdpPLMIdentificator_var identificator = IdentificatorOf(analysis).Get();
-    if (identificator.IsNull()) return;
-    _Identificators.Append(identificator.Get());
+    const HandedOut<KORIAdpPLMIdentificator> handed_out = IdentificatorOf(analysis);
+    KORIAdpPLMIdentificator* const identificator = handed_out.Get().Get();
+    if (identificator == nullptr) return;
+    _Identificators.Append(identificator);
     identificator->AddRef();
     (void)_Identifiers.Insert(identificator->GetImpl(0), analysis->GetImpl(0));
   }
