@@ -22,6 +22,7 @@ using objectstest::IdentificatorFor;
 using objectstest::ListOf;
 using objectstest::NewRevision;
 using objectstest::NewShell;
+using objectstest::ObjectsTest;
 using objectstest::Placed;
 using objectstest::QueryCount;
 using objectstest::Revision;
@@ -148,6 +149,17 @@ INSTANTIATE_TEST_SUITE_P(FirstCall, OneByOneFaultTest,
                                                       {"GetMajorVersioningInformation", AllOlder, AllOlder, AllOlder},
                                                       {"IsLastMajor", AllOlder, All, AllOlder}})),
                          FaultCaseName());
+
+// Lines that could not be read when the analysis was entered are read again behind the query.
+TEST_F(ObjectsTest, LinesThatCannotBeReadAtFirstAreReadAgainBehindTheQuery) {
+  const auto older = NewRevision("Older", Revision::Older);
+  const RevisionShell_var top = NewShell(NewRevision("Top", Revision::Last, {older}));
+  const KORListValKORBaseUnknown_var occurrences = ListOf({Placed(PLMIRepReference_var(top), "Top"), Placed(older)});
+  for (const char* call : {"GetLineCount", "GetLines"}) {
+    _Session.InjectFault(call, FaultOf(KORFault::Kind::StatusAndNull, KORFault::Life::Once));
+    EXPECT_EQ(StatusesBy(ByOneQuery, occurrences), "S_OK | Top Older | ReusedNotLatest NotLatest") << call;
+  }
+}
 
 // How many references there are to the identificator of an analysis.
 unsigned long IdentificatorReferences(const TimeAnalysis_var& analysis) {
