@@ -151,9 +151,7 @@ TEST_F(SubsystemMigrationTest, KeepsTheAnalysesAliveByTheBag) {
 
 // Objects of another origin
 
-using calculationtest::AnalysisShell_var;
 using calculationtest::MakeShell;
-using calculationtest::MakeShellWithout;
 
 TEST_F(SubsystemMigrationTest, PassesOverWhatIsNoAnalysis) {
   KORReachedObjects::Current().Add(calculationtest::MakeBareObject());

@@ -112,7 +112,7 @@ bool RepairOwnersIn(const KORRawCollPV& parameters, const NewIdentifiers& identi
   for (void* const entry : parameters) {
     auto* const parameter = static_cast<VEXTimeAnalysisFormulaParameter*>(entry);
     if (parameter == nullptr) continue;
-    const KORUnicodeString owner = identifiers.OwnerFor(parameter->_OwnerPLMId, own_identifier);
+    const KORUnicodeString& owner = identifiers.OwnerFor(parameter->_OwnerPLMId, own_identifier);
     if (owner == parameter->_OwnerPLMId) continue;
     parameter->_OwnerPLMId = owner;
     is_changed = true;

@@ -21,6 +21,10 @@ using Line = KORHandle<VEXTimeAnalysisLineData>;
 constexpr int Seconds = 0;  // as VEXSTMTimeAnalysisDlgServices::UnitConvertor numbers units
 constexpr int StoredDecimals = 6;
 
+Line NewLine() {
+  return Line::Adopt(new VEXTimeAnalysisLineData);
+}
+
 // The formula parameters of all lines of an analysis, line by line, and the records that they belong to until a line
 // takes them over.
 class ParametersOfLines {
@@ -29,15 +33,15 @@ class ParametersOfLines {
     const VEXITimeAnalysisLines_var lines = analysis;
     int count = 0;
     (void)lines->GetLineCount(count);
-    Line line;
+    Line line = NewLine();
     for (int row = 1; row <= count; ++row) {
-      if (line.IsNull()) line = Line::Adopt(new VEXTimeAnalysisLineData);
       (void)lines->GetLine(row, *line);
       KORRawCollPV of_line;
       (void)line->GetValue(FormulaParameterKey, of_line);
       if (of_line.Size() == 0) continue;
       _All.Append(of_line);
-      _Lines.push_back(std::move(line));
+      _Lines.push_back(line);
+      line = NewLine();
     }
   }
 
