@@ -1,9 +1,9 @@
 // The analysis that an exchange works on.
 #include "exchange/AnalysisObject.h"
 
+#include "HandedOut.h"
 #include "ModuleTrace.h"
 #include "platform/base/KORFatalError.h"
-#include "platform/base/KORStatus.h"
 #include "platform/services/VEXSTTAnalysesQueryServices.h"
 
 namespace exchange {
@@ -18,10 +18,9 @@ constexpr const char* SourceName = "VEXTimeAnalysisModeler/VEXTimeAnalysisModele
 KORBaseUnknown_var FindByIdentifier(const KORUnicodeString& identifier) {
   VEXSTTAdpIdentificationSet set;
   (void)set.AddAttribute("PLM_ExternalID", identifier);
-  KORBaseUnknown* found = nullptr;
-  const long status = VEXSTTAnalysesQueryServices::GetElementByIdentificationSet(set, found);
-  const auto element = KORBaseUnknown_var::Adopt(found);
-  return Failed(status) ? nullptr : element;
+  const HandedOut<KORBaseUnknown> element(
+      [&set](KORBaseUnknown*& out) { return VEXSTTAnalysesQueryServices::GetElementByIdentificationSet(set, out); });
+  return element.IsGiven() ? element.Get() : NULL_var;
 }
 
 KORBaseUnknown_var GivenOrFound(const KORUnicodeString& identifier, KORBaseUnknown* analysis) {

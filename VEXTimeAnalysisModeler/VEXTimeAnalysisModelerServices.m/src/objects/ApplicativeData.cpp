@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "HandedOut.h"
 #include "ModuleTrace.h"
 #include "platform/base/KORError.h"
 #include "platform/base/KORStatus.h"
@@ -57,23 +58,22 @@ long CreateContainer(const KORBaseUnknown_var& representation, KORIContainer_var
   if (representation.IsNull()) return E_INVALIDARG;
   const PLMIRepReferenceApplicativeDataAccess_var data(representation);
   if (data.IsNull()) return E_FAIL;
-  void* slot = nullptr;
-  const long status =
-      data->CreateApplicativeContainer(&slot, ContainerModel, KORIContainer::ClassId(), ContainerType, ContainerName);
-  const auto created = KORIContainer_var::Adopt(static_cast<KORIContainer*>(slot));
-  if (Succeeded(status) && !created.IsNull()) container = created;
-  return status;
+  const auto created = HandedOutUntyped<KORIContainer>([&data](void** out) {
+    return data->CreateApplicativeContainer(out, ContainerModel, KORIContainer::ClassId(), ContainerType,
+                                            ContainerName);
+  });
+  if (created.IsGiven()) container = created.Get();
+  return created.GetStatus();
 }
 
 long RetrieveContainer(const KORBaseUnknown_var& representation, KORIContainer_var& container) {
   if (representation.IsNull()) return E_INVALIDARG;
   const PLMIRepReferenceApplicativeDataAccess_var data(representation);
   if (data.IsNull()) return E_FAIL;
-  void* slot = nullptr;
-  const long status = data->RetrieveApplicativeContainer(ContainerName, KORIContainer::ClassId(), &slot);
-  const auto found = KORIContainer_var::Adopt(static_cast<KORIContainer*>(slot));
-  if (Succeeded(status)) container = found;
-  return status;
+  const auto found = HandedOutUntyped<KORIContainer>(
+      [&data](void** out) { return data->RetrieveApplicativeContainer(ContainerName, KORIContainer::ClassId(), out); });
+  if (Succeeded(found.GetStatus())) container = found.Get();
+  return found.GetStatus();
 }
 
 long CreateFeature(const KORUnicodeString& name, const KORIContainer_var& container, KORISpecObject_var& feature) {
