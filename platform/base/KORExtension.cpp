@@ -3,7 +3,6 @@
 
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <string_view>
 
 #include "platform/base/KORAttachedExtensions.h"
@@ -46,26 +45,29 @@ KORExtensionRegistry& KORExtensionRegistry::OfProcess() {
   return *registry;
 }
 
-bool KORExtensionRegistry::Add(const std::string& component, const KORUuid& interface_id,
-                               const KORExtensionMaker& maker) {
+bool KORExtensionRegistry::Add(const std::string& component, const KORUuid& interface_id, KORCreationFunction create) {
   const std::unique_lock lock(_Mutex);
-  return _Makers[component].try_emplace(interface_id.Bytes, maker).second;
+  return _Functions[component].try_emplace(interface_id.Bytes, create).second;
 }
 
 void KORExtensionRegistry::Remove(const std::string& component, const KORUuid& interface_id) {
   const std::unique_lock lock(_Mutex);
-  _Makers[component].erase(interface_id.Bytes);
+  _Functions[component].erase(interface_id.Bytes);
 }
 
-std::optional<KORExtensionMaker> KORExtensionRegistry::FindMaker(const KORBaseUnknown& object,
-                                                                 const KORUuid& interface_id) {
+KORCreationFunction KORExtensionRegistry::FindFunction(const KORBaseUnknown& object, const KORUuid& interface_id) {
   const char* const component = object.GetComponentName();
-  if (*component == '\0') return std::nullopt;
+  if (*component == '\0') return nullptr;
   const std::shared_lock lock(_Mutex);
-  const auto makers = _Makers.find(std::string_view(component));
-  if (makers == _Makers.end()) return std::nullopt;
-  const auto maker = makers->second.find(interface_id.Bytes);
-  return maker == makers->second.end() ? std::nullopt : std::optional(maker->second);
+  const auto functions = _Functions.find(std::string_view(component));
+  if (functions == _Functions.end()) return nullptr;
+  const auto function = functions->second.find(interface_id.Bytes);
+  return function == functions->second.end() ? nullptr : function->second;
+}
+
+void* KORExtensionRegistry::FindInterface(KORBaseUnknown& object, const KORUuid& interface_id) {
+  const KORCreationFunction create = FindFunction(object, interface_id);
+  return create == nullptr ? nullptr : create(object);
 }
 
 KORExtension* KORExtensionRegistry::FindAttached(const KORBaseUnknown& object, const char* class_name) {
@@ -73,45 +75,44 @@ KORExtension* KORExtensionRegistry::FindAttached(const KORBaseUnknown& object, c
   return object._Extensions == nullptr ? nullptr : object._Extensions->Find(class_name);
 }
 
-KORExtension* KORExtensionRegistry::Attach(KORBaseUnknown& object, const KORExtensionMaker& maker) {
-  if (KORExtension* const attached = FindAttached(object, maker.ClassName); attached != nullptr) return attached;
+KORExtension& KORExtensionRegistry::Attach(KORBaseUnknown& object, const KORMetaClass& extension_class,
+                                           KORExtensionMaker make) {
+  if (KORExtension* const attached = FindAttached(object, extension_class.Name); attached != nullptr) return *attached;
   // Made outside the lock, as it may use the registry itself; if another thread was faster, its extension counts.
-  KORHandle<KORExtension> made = KORHandle<KORExtension>::Adopt(maker.Create());
+  KORHandle<KORExtension> made = KORHandle<KORExtension>::Adopt(make());
   const std::unique_lock lock(_Mutex);
   if (object._Extensions == nullptr) object._Extensions = std::make_unique<KORAttachedExtensions>();
-  if (KORExtension* const attached = object._Extensions->Find(maker.ClassName); attached != nullptr) return attached;
+  if (KORExtension* const attached = object._Extensions->Find(extension_class.Name); attached != nullptr) {
+    return *attached;
+  }
   KORExtension* const extension = made.Get();
   extension->KORBaseUnknown::AddRef();
-  object._Extensions->Add(maker.ClassName, extension);
+  object._Extensions->Add(extension_class.Name, extension);
   made = nullptr;
   extension->_Extended = &object;
   extension->_Kind = ENUMTypeOfClass::DataExtension;
-  return extension;
+  return *extension;
 }
 
-void* KORExtensionRegistry::FindInterface(KORBaseUnknown& object, const KORUuid& interface_id) {
-  const std::optional<KORExtensionMaker> maker = FindMaker(object, interface_id);
-  if (!maker) return nullptr;
-  if (maker->Kind == ENUMTypeOfClass::DataExtension) {
-    KORExtension* const extension = Attach(object, *maker);
-    void* const found = static_cast<KORBaseUnknown*>(extension)->FindInterface(interface_id);
-    if (found != nullptr) object.AddRef();
-    return found;
-  }
-  const KORHandle<KORExtension> extension = KORHandle<KORExtension>::Adopt(maker->Create());
+KORExtension* KORExtensionRegistry::Extend(KORBaseUnknown& object, KORExtensionMaker make) {
+  KORExtension* const extension = make();
   extension->_Extended = &object;
   extension->_Kind = ENUMTypeOfClass::CodeExtension;
   object.AddRef();
-  void* const found = static_cast<KORBaseUnknown*>(extension.Get())->FindInterface(interface_id);
-  if (found != nullptr) extension->AddRef();
+  return extension;
+}
+
+void* KORExtensionRegistry::OwnInterface(KORBaseUnknown& answering, const KORUuid& interface_id) {
+  void* const found = answering.FindInterface(interface_id);
+  if (found != nullptr) answering.AddRef();
   return found;
 }
 
 KORExtensionRegistration::KORExtensionRegistration(const char* component, const KORUuid& interface_id,
-                                                   const KORExtensionMaker& maker)
+                                                   KORCreationFunction create)
     : _Component(component),
       _Interface(interface_id),
-      _Registered(KORExtensionRegistry::OfProcess().Add(component, interface_id, maker)) {
+      _Registered(KORExtensionRegistry::OfProcess().Add(component, interface_id, create)) {
 }
 
 KORExtensionRegistration::~KORExtensionRegistration() {

@@ -3,19 +3,11 @@
 
 #include <functional>
 #include <map>
-#include <optional>
 #include <shared_mutex>
 #include <string>
 
 #include "platform/base/KORBaseUnknown.h"
 #include "platform/base/KORExport.h"
-
-/// Kinds of classes, by the platform's numbers.
-enum class ENUMTypeOfClass : int {
-  Implementation = 1,  // a class that stands by itself and extends nothing
-  DataExtension = 2,   // an extension with state: one object per extended object, gone with it
-  CodeExtension = 4    // an extension without state: an object is made for each cast
-};
 
 /// Base of an object that extends another one: `class VEXEExample : public KORExtension, public
 /// KORImplements<VEXIExample>`.
@@ -44,12 +36,12 @@ class KORPLATFORM_API KORExtension : public virtual KORBaseUnknown {
   ENUMTypeOfClass _Kind = ENUMTypeOfClass::Implementation;
 };
 
-/// How an extension is made.
-struct KORExtensionMaker {
-  const char* ClassName;      // of the extension; its interfaces on one object share one data extension of that name
-  ENUMTypeOfClass Kind;       // DataExtension or CodeExtension
-  KORExtension* (*Create)();  // a new extension with one reference, which the registry takes
-};
+/// Makes a new extension object with one reference, which is the caller's.
+using KORExtensionMaker = KORExtension* (*)();
+
+/// Gives the interface that an extension adds to an object, with a reference that the caller releases; null if it
+/// can't. There is one for each interface of each extension.
+using KORCreationFunction = void* (*)(KORBaseUnknown& object);
 
 /// The extensions of the process, by component and interface. Safe across threads; it is there as soon as the first
 /// static initialiser asks for it.
@@ -58,7 +50,7 @@ class KORPLATFORM_API KORExtensionRegistry {
   static KORExtensionRegistry& OfProcess();
 
   /// Adds a way from an interface to an extension. False, with nothing changed, if one is registered already.
-  bool Add(const std::string& component, const KORUuid& interface_id, const KORExtensionMaker& maker);
+  bool Add(const std::string& component, const KORUuid& interface_id, KORCreationFunction create);
   /// Takes it away; extensions that are attached to objects stay.
   void Remove(const std::string& component, const KORUuid& interface_id);
 
@@ -66,21 +58,29 @@ class KORPLATFORM_API KORExtensionRegistry {
   /// component adds it.
   void* FindInterface(KORBaseUnknown& object, const KORUuid& interface_id);
 
- private:
-  using MakersOfComponent = std::map<decltype(KORUuid::Bytes), KORExtensionMaker>;  // by interface
+  /// What creation functions are made of.
 
-  std::optional<KORExtensionMaker> FindMaker(const KORBaseUnknown& object, const KORUuid& interface_id);
+  /// The object's extension of a class with state, made if the object has none, with no reference added.
+  KORExtension& Attach(KORBaseUnknown& object, const KORMetaClass& extension_class, KORExtensionMaker make);
+  /// A new extension of the object, which keeps the object alive, with one reference.
+  static KORExtension* Extend(KORBaseUnknown& object, KORExtensionMaker make);
+  /// The interface of an object or extension itself, with a reference on the object; null if it doesn't implement it.
+  static void* OwnInterface(KORBaseUnknown& answering, const KORUuid& interface_id);
+
+ private:
+  using FunctionsOfComponent = std::map<decltype(KORUuid::Bytes), KORCreationFunction>;  // by interface
+
+  KORCreationFunction FindFunction(const KORBaseUnknown& object, const KORUuid& interface_id);
   KORExtension* FindAttached(const KORBaseUnknown& object, const char* class_name);
-  KORExtension* Attach(KORBaseUnknown& object, const KORExtensionMaker& maker);
 
   std::shared_mutex _Mutex;
-  std::map<std::string, MakersOfComponent, std::less<>> _Makers;  // by name of the component
+  std::map<std::string, FunctionsOfComponent, std::less<>> _Functions;  // by name of the component
 };
 
 /// One entry of the registry for the life of this object: as a static object of a module, from its load to its unload.
 class KORPLATFORM_API KORExtensionRegistration {
  public:
-  KORExtensionRegistration(const char* component, const KORUuid& interface_id, const KORExtensionMaker& maker);
+  KORExtensionRegistration(const char* component, const KORUuid& interface_id, KORCreationFunction create);
   ~KORExtensionRegistration();
   KORExtensionRegistration(const KORExtensionRegistration&) = delete;
   KORExtensionRegistration& operator=(const KORExtensionRegistration&) = delete;

@@ -1,4 +1,4 @@
-// The ways in which components are made, by their name.
+// What modules tell the platform of their classes, for the process.
 #include "platform/base/KORFillDictionary.h"
 
 #include <functional>
@@ -6,39 +6,72 @@
 #include <mutex>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace {
 
-class ComponentMakers {
+// A table of which each key stands once.
+template <class Key, class Value>
+class Table {
  public:
-  static ComponentMakers& OfProcess() {
-    // Never destroyed: an object that ends behind the static ones may still make components.
-    static ComponentMakers* const makers = new ComponentMakers;
-    return *makers;
+  bool Add(const Key& key, Value value) {
+    const std::lock_guard lock(_Mutex);
+    return _Values.try_emplace(key, value).second;
   }
 
-  bool Add(const char* component, KORComponentMaker maker) {
+  void Remove(const Key& key) {
     const std::lock_guard lock(_Mutex);
-    return _Makers.try_emplace(component, maker).second;
+    _Values.erase(key);
   }
 
-  KORComponentMaker Find(const char* component) {
+  // Null if there is none.
+  Value Find(const Key& key) {
     const std::lock_guard lock(_Mutex);
-    const auto found = _Makers.find(std::string_view(component));
-    return found == _Makers.end() ? nullptr : found->second;
+    const auto found = _Values.find(key);
+    return found == _Values.end() ? nullptr : found->second;
   }
 
  private:
-  std::mutex _Mutex;  // guards the makers
-  std::map<std::string, KORComponentMaker, std::less<>> _Makers;
+  std::mutex _Mutex;  // guards the values
+  std::map<Key, Value> _Values;
 };
+
+using KeyOfEntry = std::pair<decltype(KORUuid::Bytes), decltype(KORUuid::Bytes)>;  // identifier and kind
+
+// Never destroyed, as modules come and go in no known order, and objects that end behind the static ones may still make
+// components.
+Table<std::string, KORComponentMaker>& Components() {
+  static auto* const components = new Table<std::string, KORComponentMaker>;
+  return *components;
+}
+
+Table<KeyOfEntry, const KORMetaClass*>& Entries() {
+  static auto* const entries = new Table<KeyOfEntry, const KORMetaClass*>;
+  return *entries;
+}
 
 }  // namespace
 
 bool KORFillDictionary::RegisterFunctionCreation(const char* component, KORComponentMaker maker) {
-  return ComponentMakers::OfProcess().Add(component, maker);
+  return Components().Add(component, maker);
+}
+
+void KORFillDictionary::UnregisterFunctionCreation(const char* component) {
+  Components().Remove(component);
 }
 
 KORComponentMaker KORFillDictionary::FindFunctionCreation(const char* component) {
-  return ComponentMakers::OfProcess().Find(component);
+  return Components().Find(component);
+}
+
+bool KORFillDictionary::AddDictionary(const KORUuid& identifier, const KORUuid& kind, const KORMetaClass* entry) {
+  return Entries().Add({identifier.Bytes, kind.Bytes}, entry);
+}
+
+void KORFillDictionary::RemoveDictionary(const KORUuid& identifier, const KORUuid& kind) {
+  Entries().Remove({identifier.Bytes, kind.Bytes});
+}
+
+const KORMetaClass* KORFillDictionary::FindInDictionary(const KORUuid& identifier, const KORUuid& kind) {
+  return Entries().Find({identifier.Bytes, kind.Bytes});
 }

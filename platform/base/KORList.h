@@ -18,6 +18,10 @@ class KORBaseUnknown;
 template <class Value>
 class KORList {
  public:
+  KORList() = default;
+  /// An empty list with room for that many values.
+  explicit KORList(int capacity) { _Values.reserve(static_cast<std::size_t>(std::max(capacity, 0))); }
+
   int Size() const { return static_cast<int>(_Values.size()); }
 
   void Append(const Value& value) { _Values.push_back(value); }

@@ -1,7 +1,26 @@
-// The description that every class of objects has.
+// The description that every class of objects has, and the descriptions that the process knows by name.
 #include "platform/base/KORMetaClass.h"
 
+#include <algorithm>
 #include <cstring>
+#include <map>
+#include <mutex>
+#include <string_view>
+
+namespace {
+
+struct KnownClasses {
+  std::mutex Mutex;                                        // guards the descriptions
+  std::map<std::string_view, const KORMetaClass*> ByName;  // the names are those of the descriptions
+};
+
+// Never destroyed: modules take their descriptions away when they are unloaded, in no known order.
+KnownClasses& OfProcess() {
+  static auto* const known = new KnownClasses;
+  return *known;
+}
+
+}  // namespace
 
 bool KORMetaClass::IsAKindOf(const char* name) const {
   if (name == nullptr) return false;
@@ -9,4 +28,32 @@ bool KORMetaClass::IsAKindOf(const char* name) const {
     if (std::strcmp(candidate->Name, name) == 0) return true;
   }
   return false;
+}
+
+bool KORMetaClass::SetExtensionOf(const char* component) {
+  const auto free_place = std::find(Extends.begin(), Extends.end(), nullptr);
+  if (free_place == Extends.end()) return false;
+  *free_place = component;
+  return true;
+}
+
+const KORMetaClass* fct_RetrieveMetaObject(const KORMetaClass& description) {
+  KnownClasses& known = OfProcess();
+  const std::lock_guard lock(known.Mutex);
+  return known.ByName.try_emplace(description.Name, &description).first->second;
+}
+
+const KORMetaClass* fct_FindMetaObject(const char* name) {
+  if (name == nullptr) return nullptr;
+  KnownClasses& known = OfProcess();
+  const std::lock_guard lock(known.Mutex);
+  const auto found = known.ByName.find(name);
+  return found == known.ByName.end() ? nullptr : found->second;
+}
+
+void fct_ForgetMetaObject(const KORMetaClass& description) {
+  KnownClasses& known = OfProcess();
+  const std::lock_guard lock(known.Mutex);
+  const auto found = known.ByName.find(description.Name);
+  if (found != known.ByName.end() && found->second == &description) known.ByName.erase(found);
 }

@@ -1,4 +1,4 @@
-// Representation references: their container and their legacy stream.
+// Representation references: their container, their legacy stream and their display name.
 #include "platform/model/KORRepReference.h"
 
 #include <string_view>
@@ -45,4 +45,8 @@ long KORRepReference::GetStreamFilePath(KORUnicodeString& path) {
     path = _Content.LegacyStreamPath;
     return path.IsEmpty() ? E_FAIL : S_OK;
   });
+}
+
+KORUnicodeString KORRepReference::GetAlias() {
+  return KORGive("GetAlias", [this] { return _Content.Alias; });
 }

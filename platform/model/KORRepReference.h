@@ -5,6 +5,7 @@
 #include "platform/base/KORHandle.h"
 #include "platform/base/KORUnicodeString.h"
 #include "platform/model/KORFeatureContainer.h"
+#include "platform/model/KORIAlias.h"
 #include "platform/model/KORPLMObject.h"
 #include "platform/model/KORStreamList.h"
 #include "platform/model/PLMIRepInstance.h"
@@ -25,7 +26,7 @@ struct KORRepContent {
 /// is a class of its own (VEXTimeAnalysisRepReference).
 class KORPLATFORM_API KORRepReference
     : public KORDerives<KORPLMObject, PLMIRepReference, KORIPLMNavRepReference, PLMIRepReferenceApplicativeDataAccess,
-                        PLMIRepReferenceNonZENTADataAccess> {
+                        PLMIRepReferenceNonZENTADataAccess, KORIAlias> {
  public:
   using KORDerives::KORDerives;
 
@@ -33,6 +34,7 @@ class KORPLATFORM_API KORRepReference
                                   const KORUnicodeString& name) override;
   long RetrieveApplicativeContainer(const KORUnicodeString& name, const KORUuid& interface_id, void** out) override;
   long GetStreamFilePath(KORUnicodeString& path) override;
+  KORUnicodeString GetAlias() override;
 
   KORRepContent& GetContent() { return _Content; }
   const KORRepContent& GetContent() const { return _Content; }

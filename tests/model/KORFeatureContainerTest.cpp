@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/base/KORExtension.h"
+#include "platform/base/KORFillDictionary.h"
 #include "platform/system/KORSession.h"
 
 namespace {
@@ -126,9 +127,8 @@ struct ClassRow {
 class MembersOfClassTest : public testing::TestWithParam<ClassRow> {};
 
 TEST_P(MembersOfClassTest, AreListed) {
-  const KORExtensionRegistration extension(
-      "ExtendedMember", KORISpecObject::ClassId(),
-      {"FeatureExtension", ENUMTypeOfClass::CodeExtension, []() -> KORExtension* { return new FeatureExtension; }});
+  const KORExtensionRegistration extension("ExtendedMember", KORISpecObject::ClassId(),
+                                           &KORFillDictionary::ToCreateBOA<KORISpecObject, FeatureExtension>);
   const long before = KORBaseUnknown::CountLiveObjects();
   {
     const Container_var container = NewContainer();

@@ -7,8 +7,10 @@
 #include <optional>
 #include <set>
 #include <thread>
+#include <utility>
 #include <vector>
 
+#include "platform/base/KORFillDictionary.h"
 #include "platform/base/KORStatus.h"
 #include "tests/platform/ExampleObject.h"
 
@@ -54,7 +56,11 @@ class VEXECounter : public KORExtension, public KORImplements<VEXICounter, VEXIR
   int Read() const override { return _Count; }
   KORBaseUnknown* GetCounted() override { return GetExtended(); }
 
-  static KORExtension* Make() { return new VEXECounter; }
+  static const KORMetaClass* MetaObject() {
+    static const KORMetaClass description{"VEXECounter", KORUuid::OfName("VEXECounter"), KORBaseUnknown::MetaObject(),
+                                          ENUMTypeOfClass::DataExtension};
+    return &description;
+  }
   static inline std::atomic<int> Living{0};
 
  private:
@@ -68,7 +74,11 @@ class VEXEColour : public KORExtension, public KORImplements<VEXIColour> {
   ~VEXEColour() override { --Living; }
   int GetColour() const override { return VEXIWeight_var(GetExtended())->GetWeight() * 100; }
 
-  static KORExtension* Make() { return new VEXEColour; }
+  static const KORMetaClass* MetaObject() {
+    static const KORMetaClass description{"VEXEColour", KORUuid::OfName("VEXEColour"), KORBaseUnknown::MetaObject(),
+                                          ENUMTypeOfClass::CodeExtension};
+    return &description;
+  }
   static inline std::atomic<int> Living{0};
 };
 
@@ -76,15 +86,21 @@ class VEXEColour : public KORExtension, public KORImplements<VEXIColour> {
 class VEXEFarDistance : public KORExtension, public KORImplements<VEXIDistance> {
  public:
   int GetDistance() const override { return 1000; }
-  static KORExtension* Make() { return new VEXEFarDistance; }
+  static const KORMetaClass* MetaObject() {
+    static const KORMetaClass description{"VEXEFarDistance", KORUuid::OfName("VEXEFarDistance"),
+                                          KORBaseUnknown::MetaObject(), ENUMTypeOfClass::CodeExtension};
+    return &description;
+  }
 };
 
-constexpr KORExtensionMaker Counter{"VEXECounter", ENUMTypeOfClass::DataExtension, &VEXECounter::Make};
-constexpr KORExtensionMaker Colour{"VEXEColour", ENUMTypeOfClass::CodeExtension, &VEXEColour::Make};
+constexpr KORCreationFunction Counter = &KORFillDictionary::ToCreateBOA<VEXICounter, VEXECounter>;
+constexpr KORCreationFunction ReadCounter = &KORFillDictionary::ToCreateBOA<VEXIReadCounter, VEXECounter>;
+constexpr KORCreationFunction Colour = &KORFillDictionary::ToCreateBOA<VEXIColour, VEXEColour>;
+constexpr KORCreationFunction FarDistance = &KORFillDictionary::ToCreateBOA<VEXIDistance, VEXEFarDistance>;
 
 // Registered before main, in no known order to the registry's own source.
 const KORExtensionRegistration LoadedCounter("LoadedWorkpiece", VEXICounter::ClassId(), Counter);
-const KORExtensionRegistration LoadedReadCounter("LoadedWorkpiece", VEXIReadCounter::ClassId(), Counter);
+const KORExtensionRegistration LoadedReadCounter("LoadedWorkpiece", VEXIReadCounter::ClassId(), ReadCounter);
 const KORExtensionRegistration LoadedColour("LoadedWorkpiece", VEXIColour::ClassId(), Colour);
 
 TEST(KORExtensionTest, RegistrationByStaticObjectsIsThereFromTheStart) {
@@ -130,9 +146,7 @@ TEST(KORExtensionTest, CastsLeadFromAnyInterfaceToAnyOther) {
 }
 
 TEST(KORExtensionTest, ClassIsAskedBeforeTheRegistry) {
-  const KORExtensionRegistration registration(
-      "NearWorkpiece", VEXIDistance::ClassId(),
-      {"VEXEFarDistance", ENUMTypeOfClass::CodeExtension, &VEXEFarDistance::Make});
+  const KORExtensionRegistration registration("NearWorkpiece", VEXIDistance::ClassId(), FarDistance);
   ASSERT_TRUE(registration.IsRegistered());
   EXPECT_EQ(VEXIDistance_var(MakeWorkpiece("NearWorkpiece"))->GetDistance(), 30);
 }
@@ -150,16 +164,19 @@ TEST(KORExtensionTest, QueryGivesAReferenceOnTheObject) {
 }
 
 TEST(KORExtensionTest, ExtensionThatLacksTheInterfaceGivesNull) {
-  for (const ENUMTypeOfClass kind : {ENUMTypeOfClass::DataExtension, ENUMTypeOfClass::CodeExtension}) {
-    const KORExtensionRegistration registration("WrongWorkpiece", VEXICounter::ClassId(),
-                                                {"VEXEColour", kind, &VEXEColour::Make});
+  const std::pair<KORUuid, KORCreationFunction> lacking[] = {
+      {VEXIColour::ClassId(), &KORFillDictionary::ToCreateBOA<VEXIColour, VEXECounter>},
+      {VEXICounter::ClassId(), &KORFillDictionary::ToCreateBOA<VEXICounter, VEXEColour>}};
+  for (const auto& [interface_id, create] : lacking) {
+    const KORExtensionRegistration registration("WrongWorkpiece", interface_id, create);
     Workpiece object("WrongWorkpiece");
     void* out = &object;
-    EXPECT_EQ(object.QueryInterface(VEXICounter::ClassId(), &out), E_NOINTERFACE);
+    EXPECT_EQ(object.QueryInterface(interface_id, &out), E_NOINTERFACE);
     EXPECT_EQ(out, nullptr);
     EXPECT_EQ(CountReferences(object), 1u);
   }
   EXPECT_EQ(VEXEColour::Living, 0);
+  EXPECT_EQ(VEXECounter::Living, 0);
 }
 
 TEST(KORDataExtensionTest, IsOnePerObjectAndKeepsItsState) {
@@ -265,8 +282,7 @@ TEST(KORExtensionRegistryTest, EntryLivesAsLongAsItsRegistration) {
 
 TEST(KORExtensionRegistryTest, SecondRegistrationIsRefused) {
   {
-    const KORExtensionRegistration second("LoadedWorkpiece", VEXIColour::ClassId(),
-                                          {"VEXEFarDistance", ENUMTypeOfClass::CodeExtension, &VEXEFarDistance::Make});
+    const KORExtensionRegistration second("LoadedWorkpiece", VEXIColour::ClassId(), FarDistance);
     EXPECT_FALSE(second.IsRegistered());
     EXPECT_EQ(VEXIColour_var(MakeWorkpiece("LoadedWorkpiece"))->GetColour(), 700);
   }

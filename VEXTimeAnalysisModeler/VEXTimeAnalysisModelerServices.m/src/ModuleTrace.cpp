@@ -14,6 +14,3 @@ void TraceNamed(std::string_view before, std::string_view name, std::string_view
   line.append("<").append(name).append(">").append(after);
   ModuleTrace().TraPutLN(KORUnicodeString(std::string_view(line)));
 }
-
-// Makes the trace at load, ahead of the first message.
-[[maybe_unused]] static const KORTrace& trace_at_load = ModuleTrace();

@@ -2,11 +2,11 @@
 #include "VEXSTMJSONServices.h"
 
 #include "exchange/AnalysisJson.h"
+#include "presentation/Registration.h"
 
 const KORMetaClass* VEXSTMJSONServices::MetaObject() {
-  static const KORMetaClass description{"VEXSTMJSONServices", KORUuid::OfName("VEXSTMJSONServices"),
-                                        KORBaseUnknown::MetaObject()};
-  return &description;
+  static const KORMetaClass* const meta_object = presentation::RetrieveMetaObject("VEXSTMJSONServices");
+  return meta_object;
 }
 
 VEXSTMJSONServices* VEXSTMJSONServices::CreateItself() {

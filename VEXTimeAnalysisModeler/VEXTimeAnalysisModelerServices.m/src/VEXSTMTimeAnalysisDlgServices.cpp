@@ -30,6 +30,7 @@
 #include "objects/AuthoringLoad.h"
 #include "platform/base/KORNumberText.h"
 #include "platform/system/KORSettingRepository.h"
+#include "presentation/Registration.h"
 #include "timevalue/DecimalCharacter.h"
 #include "timevalue/TextHelpers.h"
 #include "timevalue/TimeFormula.h"
@@ -61,9 +62,8 @@ VEXSTMTimeAnalysisDlgServices::VEXSTMTimeAnalysisDlgServices() : _MinToTMUConver
 }
 
 const KORMetaClass* VEXSTMTimeAnalysisDlgServices::MetaObject() {
-  static const KORMetaClass description{"VEXSTMTimeAnalysisDlgServices",
-                                        KORUuid::OfName("VEXSTMTimeAnalysisDlgServices"), KORBaseUnknown::MetaObject()};
-  return &description;
+  static const KORMetaClass* const meta_object = presentation::RetrieveMetaObject("VEXSTMTimeAnalysisDlgServices");
+  return meta_object;
 }
 
 VEXSTMTimeAnalysisDlgServices* VEXSTMTimeAnalysisDlgServices::CreateItself() {

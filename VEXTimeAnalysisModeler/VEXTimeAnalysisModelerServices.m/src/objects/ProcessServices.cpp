@@ -9,8 +9,6 @@ namespace objects {
 
 namespace {
 
-// The description of the interface stands in the source that registers the component: asking for its identifier links
-// that source into every program, also where a linker leaves out what nobody names.
 HandedOut<VEXITimeAnalysisSessionServicesMgr> InstantiateManager() {
   return HandedOutUntyped<VEXITimeAnalysisSessionServicesMgr>([](void** out) {
     return KORInstantiateComponent("VEXETimeAnalysisSessionServicesMgr", VEXITimeAnalysisSessionServicesMgr::ClassId(),

@@ -3,20 +3,13 @@
 
 #include "HandedOut.h"
 #include "objects/Identificator.h"
-#include "platform/base/KORFillDictionary.h"
 #include "platform/base/KORStatus.h"
 #include "platform/model/KORPLMSpace.h"
+#include "presentation/Registration.h"
 
 namespace {
 
 using HandedOutSpace = HandedOut<KORIPLMSpace>;
-
-KORBaseUnknown* MakeManager() {
-  return new VEXETimeAnalysisSessionServicesMgr;
-}
-
-[[maybe_unused]] const bool Registered =
-    KORFillDictionary::RegisterFunctionCreation(VEXETimeAnalysisSessionServicesMgr::ClassName(), MakeManager);
 
 HandedOutSpace ResolutionSpace() {
   return HandedOutSpace([](KORIPLMSpace*& space) {
@@ -32,19 +25,20 @@ HandedOut<KORBaseUnknown> Resolve(const KORIPLMSpace_var& space, const KORIAdpPL
 
 }  // namespace
 
-// Here, so that who names the interface links the component, too.
 const KORMetaClass* VEXITimeAnalysisSessionServicesMgr::MetaObject() {
   static constexpr KORUuid Identifier{
       {0xCB, 0x23, 0x09, 0x9A, 0x60, 0x91, 0x46, 0xA8, 0x88, 0x23, 0x00, 0x5B, 0x60, 0x65, 0x5E, 0xCA}};
-  static const KORMetaClass description{"VEXITimeAnalysisSessionServicesMgr", Identifier, KORBaseUnknown::MetaObject()};
+  static const KORMetaClass description = [] {
+    KORMetaClass made{"VEXITimeAnalysisSessionServicesMgr", Identifier, KORBaseUnknown::MetaObject()};
+    made.SetFWname("VEXTimeAnalysisModeler");
+    return made;
+  }();
   return &description;
 }
 
 const KORMetaClass* VEXETimeAnalysisSessionServicesMgr::MetaObject() {
-  static const KORMetaClass description{"VEXETimeAnalysisSessionServicesMgr",
-                                        KORUuid::OfName("VEXETimeAnalysisSessionServicesMgr"),
-                                        VEXITimeAnalysisSessionServicesMgr::MetaObject()};
-  return &description;
+  static const KORMetaClass* const meta_object = presentation::RetrieveMetaObject("VEXETimeAnalysisSessionServicesMgr");
+  return meta_object;
 }
 
 VEXETimeAnalysisSessionServicesMgr::~VEXETimeAnalysisSessionServicesMgr() {

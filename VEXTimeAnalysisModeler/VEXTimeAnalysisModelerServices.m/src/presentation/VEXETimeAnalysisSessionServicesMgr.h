@@ -21,6 +21,7 @@ class VEXETimeAnalysisSessionServicesMgr final : public KORImplements<VEXITimeAn
   static const KORUuid& ClassId() { return MetaObject()->Identifier; }
   static const KORMetaClass* MetaObject();
   const KORMetaClass* GetMetaObject() const override { return MetaObject(); }
+  const char* GetComponentName() const override { return ClassName(); }
 
   long IsComponentKept(const KORUnicodeString& key, unsigned char& kept) override;
   long GetKeptComponent(const KORUnicodeString& key, KORBaseUnknown*& component) override;
