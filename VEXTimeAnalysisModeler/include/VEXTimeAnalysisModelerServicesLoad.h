@@ -1,4 +1,4 @@
-// The load of the services, for programs that are linked with the static library by hand.
+// The load of the services, for programs that are linked by hand.
 #pragma once
 
 #include "VEXTimeAnalysisModelerExport.h"
@@ -6,9 +6,9 @@
 extern "C" {
 
 /// Does nothing. When the services are loaded they tell the platform of their classes, ahead of the static initialisers
-/// of the program, so that objects of analyses offer the interfaces that the services add. A linker leaves that out
-/// of a program that names nothing of the static library, or a shared library that it finds unused. The CMake package
-/// and the pkg-config file name this function in the link for that reason; a program that is linked without them calls
-/// it, or is linked with `-Wl,--undefined=VEXTimeAnalysisModelerServicesLoad`.
+/// of the program, so that objects of analyses offer the interfaces that the services add. A program need not name
+/// anything of the services for that, and then a linker may leave them out. The CMake package and the pkg-config file
+/// keep them in the link; a program that is linked in another way calls this function, or names it to the linker of a
+/// static library: `-Wl,--undefined=VEXTimeAnalysisModelerServicesLoad`.
 VEXTIMEANALYSISMODELER_API void VEXTimeAnalysisModelerServicesLoad();
 }

@@ -46,12 +46,14 @@ class TracesOfProcess {
 
 }  // namespace
 
-KORTrace::KORTrace(KORUnicodeString name, KORUnicodeString description, int mode, const KORUnicodeString& destination,
+KORTrace::KORTrace(KORUnicodeString name, KORUnicodeString description, int mode, KORUnicodeString destination,
                    int size)
     : _Name(std::move(name)),
       _Description(std::move(description)),
-      _Silent(mode == 0),
-      _Destination(destination == "STDERR" ? Sink(WriteToStandardError) : Sink()) {
+      _Mode(mode),
+      _Destination(std::move(destination)),
+      _Size(size),
+      _SinkOfDestination(_Destination == "STDERR" ? Sink(WriteToStandardError) : Sink()) {
   _Line.reserve(static_cast<std::size_t>(std::max(size, 0)));
   TracesOfProcess::Get().Add(this);
 }
@@ -65,9 +67,9 @@ KORTrace* KORTrace::Find(const KORUnicodeString& name) {
 }
 
 void KORTrace::TraPutLN(const KORUnicodeString& text) {
-  if (_Silent) return;
+  if (_Mode == 0) return;
   const std::lock_guard lock(_Mutex);
-  const Sink& sink = _Redirection ? _Redirection : _Destination;
+  const Sink& sink = _Redirection ? _Redirection : _SinkOfDestination;
   if (!sink) return;
   _Line.assign(text.Bytes()).push_back('\n');
   sink(_Line);

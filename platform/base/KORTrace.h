@@ -24,8 +24,7 @@ class KORPLATFORM_API KORTrace {
   /// destination  "STDERR": standard error. A trace with another destination is silent until it is redirected.
   /// size         length, in bytes, up to which a line is put together without asking for memory; a longer line is
   ///              written whole, too
-  KORTrace(KORUnicodeString name, KORUnicodeString description, int mode, const KORUnicodeString& destination,
-           int size);
+  KORTrace(KORUnicodeString name, KORUnicodeString description, int mode, KORUnicodeString destination, int size);
   KORTrace(const KORTrace&) = delete;
   KORTrace& operator=(const KORTrace&) = delete;
   ~KORTrace();
@@ -36,6 +35,9 @@ class KORPLATFORM_API KORTrace {
 
   const KORUnicodeString& GetName() const { return _Name; }
   const KORUnicodeString& GetDescription() const { return _Description; }
+  int GetMode() const { return _Mode; }
+  const KORUnicodeString& GetDestination() const { return _Destination; }
+  int GetSize() const { return _Size; }
 
   /// Writes the text and a line feed. Line feeds inside the text are written as they stand.
   void TraPutLN(const KORUnicodeString& text);
@@ -46,8 +48,10 @@ class KORPLATFORM_API KORTrace {
  private:
   const KORUnicodeString _Name;
   const KORUnicodeString _Description;
-  const bool _Silent;
-  const Sink _Destination;
+  const int _Mode;
+  const KORUnicodeString _Destination;
+  const int _Size;
+  const Sink _SinkOfDestination;
 
   std::mutex _Mutex;  // guards what follows
   Sink _Redirection;

@@ -29,6 +29,9 @@ foreach(header IN LISTS headers)
   list(APPEND header_sources ${WORK}/${WAY}/headers/${name}.cpp)
 endforeach()
 
+# Some systems leave shared libraries out of programs that name nothing of them; here all do.
+set(leave_out -Wl,--as-needed)
+
 if(WAY STREQUAL "PkgConfig")
   file(GLOB_RECURSE package_file ${prefix}/VEXTimeAnalysisModeler.pc)
   cmake_path(GET package_file PARENT_PATH package_folder)
@@ -39,9 +42,11 @@ if(WAY STREQUAL "PkgConfig")
   separate_arguments(link_flags UNIX_COMMAND "${output}")
   run(pkg-config --variable=libdir VEXTimeAnalysisModeler)
   string(STRIP "${output}" library_folder)
-  set(program ${WORK}/${WAY}/consumer)
-  run(${COMPILER} -std=c++20 ${compile_flags} ${consumer}/main.cpp -o ${program}
-    ${link_flags} -Wl,-rpath,${library_folder})
+  set(programs ${WORK}/${WAY})
+  foreach(source IN ITEMS main tree)
+    run(${COMPILER} -std=c++20 ${compile_flags} ${consumer}/${source}.cpp -o ${programs}/${source}
+      ${leave_out} ${link_flags} -Wl,-rpath,${library_folder})
+  endforeach()
   run(pkg-config --variable=catalogue VEXTimeAnalysisModeler)
   string(STRIP "${output}" catalogue)
 else()
@@ -55,15 +60,24 @@ else()
   set(build ${WORK}/${WAY}/build)
   run(${CMAKE_COMMAND} -G Ninja -S ${consumer} -B ${build} -DCMAKE_PREFIX_PATH=${prefix}
     -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_FLAGS=${FLAGS}
+    -DCMAKE_EXE_LINKER_FLAGS=${leave_out}
     -DCOMPONENTS=${components} -DLIBRARY=${library} "-DALL_HEADERS=${header_sources}")
   run(${CMAKE_COMMAND} --build ${build})
-  set(program ${build}/consumer)
+  set(programs ${build})
   set(catalogue ${prefix}/share/VEXTimeAnalysisModeler/catalogue)
 endif()
 
-run(${program})
-if(NOT output STREQUAL "3 0\n")
-  message(FATAL_ERROR "The consumer printed ${output}")
+# expect PROGRAM TEXT: the program prints the text.
+function(expect program text)
+  run(${programs}/${program})
+  if(NOT output STREQUAL "${text}\n")
+    message(FATAL_ERROR "${program} printed ${output}")
+  endif()
+endfunction()
+expect(main "3 0")
+expect(tree "I_Fasten I_Fasten")
+if(WAY STREQUAL "Shared")
+  expect(plugin "0 4 0 4 0")
 endif()
 if(NOT EXISTS ${catalogue}/DataCardEntry OR NOT EXISTS ${catalogue}/DataCard)
   message(FATAL_ERROR "The catalogue was not installed to ${catalogue}")

@@ -4,15 +4,15 @@
 #include "exchange/Pictures.h"
 #include "platform/system/KORFiles.h"
 
-// The first priority that is free for use puts the tables ahead of all objects that have none.
+// This priority puts the tables behind the registration of the module and ahead of all objects that have none.
 // clang-format off
-[[gnu::init_priority(101)]] const KORUnicodeString VEXSTMPicturesServices::_iTypeDescriptionList[4] = {
+[[gnu::init_priority(102)]] const KORUnicodeString VEXSTMPicturesServices::_iTypeDescriptionList[4] = {
     "Supported Image Files",
     "Jpeg (*.jpg; *.jpeg)",
     "Bitmap (*.bmp)",
     "Png (*.png)",
 };
-[[gnu::init_priority(101)]] const KORString VEXSTMPicturesServices::_iTypeExtensionsList[4] = {
+[[gnu::init_priority(102)]] const KORString VEXSTMPicturesServices::_iTypeExtensionsList[4] = {
     "*.bmp;*.jpg;*.jpeg;*.png",
     "*.jpg;*.jpeg",
     "*.bmp",
