@@ -2,8 +2,11 @@
 #include "platform/services/KORIPLMRepUIManagement.h"
 
 #include "platform/base/KORStatus.h"
+#include "platform/system/KORPerform.h"
 
 long KORPLMRepUIManagementAdapter::GetRepUIMode(int& mode) {
-  mode = 0;
-  return S_OK;
+  return KORPerform("KORPLMRepUIManagementAdapter::GetRepUIMode", [&mode] {
+    mode = 0;
+    return S_OK;
+  });
 }

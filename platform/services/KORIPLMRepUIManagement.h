@@ -10,7 +10,8 @@ class KORIPLMRepUIManagement : public KORInterface<KORIPLMRepUIManagement> {
  public:
   static constexpr const char* InterfaceName = "KORIPLMRepUIManagement";
 
-  /// mode  [out] 0: as the tree deals with every representation; 1: by the representation's own classes
+  /// mode  [out] 0: as the tree deals with every representation; 1: by the representation's own classes. Left as it was
+  ///       on failure
   /// S_OK.
   virtual long GetRepUIMode(int& mode) = 0;
 };

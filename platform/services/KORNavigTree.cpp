@@ -28,7 +28,7 @@ void RefreshNode(KORGraphNode& node) {
   const KORINavigElement_var element(&node);
   if (element.IsNull()) return;
   const KORNavigInstance* const instance = element->GetAssociatedInstance();
-  if (instance != nullptr) node.SetText(TextOf(instance->GetReference()));
+  node.SetText(instance == nullptr ? KORUnicodeString() : TextOf(instance->GetReference()));
   element->Update();
 }
 

@@ -5,6 +5,8 @@
 #include "platform/services/KORNodeForwarders.h"
 #include "platform/system/KORPerform.h"
 
+const char* const KORPlainNode = "KORPlain_node";
+
 namespace {
 
 [[maybe_unused]] const KORExtensionRegistration PlainElement(KORPlainNode, KORINavigElement::ClassId(),

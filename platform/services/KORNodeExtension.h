@@ -52,5 +52,6 @@ class KORPLATFORM_API KORNodeExtension : public KORExtension {
   bool _CutOff = false;
 };
 
-/// Component of the nodes of objects that have no component of their own.
-inline constexpr const char* KORPlainNode = "KORPlain_node";
+/// Component of the nodes of objects that have no component of their own. Who names it is linked with its extension,
+/// also from a static library.
+KORPLATFORM_API extern const char* const KORPlainNode;

@@ -18,7 +18,8 @@ class KORPLATFORM_API KORPathElement final : public KORBaseUnknown {
 
   const KORBaseUnknown_var& GetStart() const { return _Start; }
 
-  /// Memory for a path; null if there is none.
+  /// Memory for a path; null if there is none. No error leaves it, so that a fault that is put into it is not to raise
+  /// one.
   static void* operator new(std::size_t size, const std::nothrow_t& no_throw) noexcept;
   static void operator delete(void* path, const std::nothrow_t& no_throw) noexcept;
   static void operator delete(void* path) noexcept;

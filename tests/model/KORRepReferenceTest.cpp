@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/model/KOROperation.h"
 #include "platform/system/KORSession.h"
 #include "tests/model/ModelTest.h"
 
@@ -27,6 +28,42 @@ TEST(KORRepReferenceTest, EveryKindOffersItsDataToItsUsers) {
     EXPECT_TRUE(PLMIRepReferenceApplicativeDataAccess_var(object) == object);
     EXPECT_TRUE(PLMIRepReferenceNonZENTADataAccess_var(object) == object);
   }
+}
+
+// The display name
+
+TEST(AliasTest, IsOfferedByEveryKind) {
+  const KORHandle<KORRepReference> other = KORHandle<KORRepReference>::Adopt(new KORRepReference("Shape"));
+  for (const KORBaseUnknown_var& object : {KORBaseUnknown_var(NewAnalysis("TA")), KORBaseUnknown_var(other)}) {
+    const KORIAlias_var named = object;
+    ASSERT_FALSE(named.IsNull());
+    EXPECT_TRUE(named == object);
+    EXPECT_EQ(named->GetImpl(0), object.Get());
+  }
+}
+
+TEST(AliasTest, IsTheOneThatWasSetLast) {
+  const auto analysis = NewAnalysis("TA");
+  const KORIAlias_var named = analysis;
+  EXPECT_TRUE(named->GetAlias().IsEmpty()) << "the identifier is no display name";
+  for (const char* const alias : {"Mounting the door", "Tür einhängen", ""}) {
+    analysis->GetContent().Alias = alias;
+    EXPECT_EQ(named->GetAlias(), alias);
+  }
+}
+
+TEST(AliasTest, EachRepresentationHasItsOwn) {
+  const auto first = NewAnalysis("TA1");
+  const auto second = NewAnalysis("TA2");
+  first->GetContent().Alias = "first";
+  second->GetContent().Alias = "second";
+  EXPECT_EQ(KORIAlias_var(first)->GetAlias(), "first");
+  EXPECT_EQ(KORIAlias_var(second)->GetAlias(), "second");
+}
+
+TEST(AliasTest, IsNotOfferedByAnInstance) {
+  const auto instance = KORHandle<KORRepInstance>::Adopt(new KORRepInstance(PLMIRepReference_var(NewAnalysis("TA"))));
+  EXPECT_TRUE(KORIAlias_var(instance).IsNull());
 }
 
 // Applicative containers

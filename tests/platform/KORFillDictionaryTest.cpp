@@ -1,4 +1,5 @@
-// Components made by their name.
+// What modules tell of their classes: components made by their name, entries by their identifier, and the creation
+// functions of classes that answer for interfaces themselves.
 #include "platform/base/KORFillDictionary.h"
 
 #include <gtest/gtest.h>
@@ -12,8 +13,12 @@
 #include "platform/base/KORStatus.h"
 #include "platform/system/KORInstantiateComponent.h"
 #include "platform/system/KORSession.h"
+#include "tests/platform/ExampleObject.h"
 
 namespace {
+
+using platformtest::CountReferences;
+using platformtest::Workpiece;
 
 class IEngine : public KORInterface<IEngine> {
  public:
@@ -78,6 +83,22 @@ TEST(KORFillDictionaryTest, TheFirstWayOfANameStays) {
   EXPECT_EQ(KORFillDictionary::FindFunctionCreation("KORFillDictionaryTest"), nullptr);
 }
 
+TEST(KORFillDictionaryTest, NameIsFreeOnceItsWayIsTakenAway) {
+  constexpr const char* Name = "KORFillDictionaryTestPassing";
+  EXPECT_TRUE(KORFillDictionary::RegisterFunctionCreation(Name, MakeNothing));
+  KORFillDictionary::UnregisterFunctionCreation(Name);
+  EXPECT_EQ(KORFillDictionary::FindFunctionCreation(Name), nullptr);
+  Make<IEngine>(Name, E_FAIL);
+  EXPECT_TRUE(KORFillDictionary::RegisterFunctionCreation(Name, MakeEngine));
+  Make<IEngine>(Name, S_OK);
+  KORFillDictionary::UnregisterFunctionCreation(Name);
+}
+
+TEST(KORFillDictionaryTest, TakingAnUnknownWayAwayChangesNothing) {
+  KORFillDictionary::UnregisterFunctionCreation("KORFillDictionaryTest");
+  EXPECT_EQ(KORFillDictionary::FindFunctionCreation("KORFillDictionaryTestEngine"), &MakeEngine);
+}
+
 TEST(KORFillDictionaryTest, AFaultMakesNoObject) {
   KORFreshSession session;
   session.InjectFault("KORInstantiateComponent", E_INVALIDARG);
@@ -99,6 +120,184 @@ TEST(KORFillDictionaryTest, ThreadsRegisterAndMakeAtOnce) {
   }
   for (std::thread& thread : threads) thread.join();
   EXPECT_EQ(registered, 100);
+  for (int round = 0; round < 100; ++round) {
+    KORFillDictionary::UnregisterFunctionCreation(("KORFillDictionaryTestThreads" + std::to_string(round)).c_str());
+  }
+}
+
+// Entries by their identifier
+
+constexpr KORUuid OtherKind = KORUuid::OfName("KORFillDictionaryTest.OtherKind");
+
+/// An entry for the life of this object.
+class Entry {
+ public:
+  Entry(const KORUuid& identifier, const KORUuid& kind, const KORMetaClass* entry)
+      : _Identifier(identifier), _Kind(kind), _Added(KORFillDictionary::AddDictionary(identifier, kind, entry)) {}
+  Entry(const Entry&) = delete;
+  Entry& operator=(const Entry&) = delete;
+  ~Entry() {
+    if (_Added) KORFillDictionary::RemoveDictionary(_Identifier, _Kind);
+  }
+
+  bool IsAdded() const { return _Added; }
+
+ private:
+  KORUuid _Identifier;
+  KORUuid _Kind;
+  bool _Added;
+};
+
+const KORMetaClass* Find(const KORUuid& identifier, const KORUuid& kind = CLSID_KORMetaClass) {
+  return KORFillDictionary::FindInDictionary(identifier, kind);
+}
+
+TEST(KORDictionaryTest, EntryIsFoundByItsIdentifier) {
+  const Entry engine(IEngine::ClassId(), CLSID_KORMetaClass, IEngine::MetaObject());
+  EXPECT_TRUE(engine.IsAdded());
+  EXPECT_EQ(Find(IEngine::ClassId()), IEngine::MetaObject());
+  EXPECT_EQ(Find(IOther::ClassId()), nullptr);
+  EXPECT_EQ(Find(KORUuid{}), nullptr);
+}
+
+TEST(KORDictionaryTest, EachKindHasAnEntryOfItsOwn) {
+  const Entry engine(IEngine::ClassId(), CLSID_KORMetaClass, IEngine::MetaObject());
+  EXPECT_EQ(Find(IEngine::ClassId(), OtherKind), nullptr);
+  const Entry other(IEngine::ClassId(), OtherKind, IOther::MetaObject());
+  EXPECT_TRUE(other.IsAdded());
+  EXPECT_EQ(Find(IEngine::ClassId()), IEngine::MetaObject());
+  EXPECT_EQ(Find(IEngine::ClassId(), OtherKind), IOther::MetaObject());
+  KORFillDictionary::RemoveDictionary(IEngine::ClassId(), OtherKind);
+  EXPECT_EQ(Find(IEngine::ClassId(), OtherKind), nullptr);
+  EXPECT_EQ(Find(IEngine::ClassId()), IEngine::MetaObject());
+}
+
+TEST(KORDictionaryTest, IdentifierAndKindDoNotStandForEachOther) {
+  const Entry engine(IEngine::ClassId(), OtherKind, IEngine::MetaObject());
+  EXPECT_EQ(Find(OtherKind, IEngine::ClassId()), nullptr);
+}
+
+TEST(KORDictionaryTest, TheFirstEntryStays) {
+  const Entry engine(IEngine::ClassId(), CLSID_KORMetaClass, IEngine::MetaObject());
+  const Entry second(IEngine::ClassId(), CLSID_KORMetaClass, IOther::MetaObject());
+  EXPECT_FALSE(second.IsAdded());
+  EXPECT_EQ(Find(IEngine::ClassId()), IEngine::MetaObject());
+}
+
+TEST(KORDictionaryTest, IdentifierIsFreeOnceItsEntryIsTakenAway) {
+  { const Entry engine(IEngine::ClassId(), CLSID_KORMetaClass, IEngine::MetaObject()); }
+  EXPECT_EQ(Find(IEngine::ClassId()), nullptr);
+  const Entry other(IEngine::ClassId(), CLSID_KORMetaClass, IOther::MetaObject());
+  EXPECT_TRUE(other.IsAdded());
+  EXPECT_EQ(Find(IEngine::ClassId()), IOther::MetaObject());
+}
+
+TEST(KORDictionaryTest, TakingAnUnknownEntryAwayChangesNothing) {
+  const Entry engine(IEngine::ClassId(), CLSID_KORMetaClass, IEngine::MetaObject());
+  KORFillDictionary::RemoveDictionary(IOther::ClassId(), CLSID_KORMetaClass);
+  EXPECT_EQ(Find(IEngine::ClassId()), IEngine::MetaObject());
+}
+
+TEST(KORDictionaryThreadsTest, OneOfManyThreadsAddsAnEntry) {
+  std::atomic<int> added = 0;
+  std::vector<std::thread> threads;
+  for (int number = 0; number < 4; ++number) {
+    threads.emplace_back([&added] {
+      for (int round = 0; round < 100; ++round) {
+        const KORUuid identifier = KORUuid::OfName("KORDictionaryThreadsTest" + std::to_string(round));
+        if (KORFillDictionary::AddDictionary(identifier, OtherKind, IEngine::MetaObject())) ++added;
+        EXPECT_EQ(Find(identifier, OtherKind), IEngine::MetaObject());
+      }
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(added, 100);
+  for (int round = 0; round < 100; ++round) {
+    KORFillDictionary::RemoveDictionary(KORUuid::OfName("KORDictionaryThreadsTest" + std::to_string(round)), OtherKind);
+  }
+}
+
+// Creation functions of classes that answer for interfaces themselves
+
+KORMetaClass DescribeExtension(const char* name, ENUMTypeOfClass kind) {
+  return {name, KORUuid::OfName(name), KORBaseUnknown::MetaObject(), kind};
+}
+
+class Gearbox final : public KORExtension, public KORImplements<IEngine> {
+ public:
+  static const KORMetaClass* MetaObject() {
+    static const KORMetaClass description =
+        DescribeExtension("KORFillDictionaryTest.Gearbox", ENUMTypeOfClass::DataExtension);
+    return &description;
+  }
+};
+
+class Starter final : public KORExtension, public KORImplements<IEngine> {
+ public:
+  static const KORMetaClass* MetaObject() {
+    static const KORMetaClass description =
+        DescribeExtension("KORFillDictionaryTest.Starter", ENUMTypeOfClass::CodeExtension);
+    return &description;
+  }
+};
+
+template <class Interface, class Class>
+Interface* Create(KORBaseUnknown& object) {
+  return static_cast<Interface*>(KORFillDictionary::ToCreateBOA<Interface, Class>(object));
+}
+
+TEST(ToCreateBOATest, ClassWithStateAnswersByTheOneObjectThatBelongsToTheExtendedOne) {
+  const long before = KORBaseUnknown::CountLiveObjects();
+  {
+    Workpiece object;
+    IEngine* const first = Create<IEngine, Gearbox>(object);
+    IEngine* const second = Create<IEngine, Gearbox>(object);
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(first, second);
+    EXPECT_EQ(first->GetImpl(0), &object);
+    EXPECT_EQ(CountReferences(object), 3u) << "each reference is one on the extended object";
+    EXPECT_EQ(first->Release(), 2u);
+    EXPECT_EQ(second->Release(), 1u);
+    EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before + 2) << "it stays with the object";
+  }
+  EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before);
+}
+
+TEST(ToCreateBOATest, ClassWithoutStateAnswersByANewObject) {
+  const long before = KORBaseUnknown::CountLiveObjects();
+  Workpiece object;
+  IEngine* const first = Create<IEngine, Starter>(object);
+  IEngine* const second = Create<IEngine, Starter>(object);
+  ASSERT_NE(first, nullptr);
+  EXPECT_NE(first, second);
+  EXPECT_EQ(first->GetImpl(0), &object);
+  EXPECT_EQ(CountReferences(object), 3u) << "each extension keeps the extended object alive";
+  EXPECT_EQ(first->Release(), 0u);
+  EXPECT_EQ(second->Release(), 0u);
+  EXPECT_EQ(CountReferences(object), 1u);
+  EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before + 1);
+}
+
+TEST(ToCreateBOATest, ClassThatExtendsNothingAnswersByTheObject) {
+  Engine object;
+  IEngine* const engine = Create<IEngine, Engine>(object);
+  EXPECT_EQ(engine, &object);
+  EXPECT_EQ(CountReferences(object), 2u);
+  EXPECT_EQ(engine->Release(), 1u);
+}
+
+TEST(ToCreateBOATest, ClassThatLacksTheInterfaceGivesNullAndLeavesNoReference) {
+  const long before = KORBaseUnknown::CountLiveObjects();
+  {
+    Workpiece extended;
+    Engine by_itself;
+    EXPECT_EQ((Create<IOther, Gearbox>(extended)), nullptr);
+    EXPECT_EQ((Create<IOther, Starter>(extended)), nullptr);
+    EXPECT_EQ((Create<IOther, Engine>(by_itself)), nullptr);
+    EXPECT_EQ(CountReferences(extended), 1u);
+    EXPECT_EQ(CountReferences(by_itself), 1u);
+  }
+  EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before);
 }
 
 }  // namespace

@@ -40,6 +40,31 @@ TEST(KORListTest, AppendsListsAndItself) {
   EXPECT_EQ(list.Size(), 0);
 }
 
+TEST(KORListTest, CapacityIsRoomForThatManyValues) {
+  constexpr int Capacity = 100;
+  KORRawCollint list(Capacity);
+  EXPECT_EQ(list.Size(), 0);
+  list.Append(1);
+  const int* const first = &list[1];
+  for (int value = 2; value <= Capacity; ++value) {
+    list.Append(value);
+    ASSERT_EQ(&list[1], first) << "the values stay where they are up to the capacity; moved by " << value;
+  }
+}
+
+TEST(KORListTest, CapacityIsNoLimit) {
+  for (const int capacity : {1, 0, -1, INT_MIN}) {
+    KORListValKORUnicodeString list(capacity);
+    EXPECT_EQ(list.Size(), 0) << capacity;
+    list.Append(MakeList({"A", "B", "C"}));
+    EXPECT_EQ(list, MakeList({"A", "B", "C"})) << capacity;
+  }
+}
+
+TEST(KORListTest, CapacityIsNoPartOfTheValue) {
+  EXPECT_EQ(KORListValKORUnicodeString(5), KORListValKORUnicodeString());
+}
+
 struct LocateRow {
   const char* Wanted;
   int From;
