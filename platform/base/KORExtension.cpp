@@ -75,26 +75,25 @@ KORExtension* KORExtensionRegistry::FindAttached(const KORBaseUnknown& object, c
   return object._Extensions == nullptr ? nullptr : object._Extensions->Find(class_name);
 }
 
-KORExtension& KORExtensionRegistry::Attach(KORBaseUnknown& object, const KORMetaClass& extension_class,
-                                           KORExtensionMaker make) {
-  if (KORExtension* const attached = FindAttached(object, extension_class.Name); attached != nullptr) return *attached;
+KORExtension& KORExtensionRegistry::Attach(KORBaseUnknown& object, const char* class_name, Maker make) {
+  if (KORExtension* const attached = FindAttached(object, class_name); attached != nullptr) return *attached;
   // Made outside the lock, as it may use the registry itself; if another thread was faster, its extension counts.
   KORHandle<KORExtension> made = KORHandle<KORExtension>::Adopt(make());
   const std::unique_lock lock(_Mutex);
   if (object._Extensions == nullptr) object._Extensions = std::make_unique<KORAttachedExtensions>();
-  if (KORExtension* const attached = object._Extensions->Find(extension_class.Name); attached != nullptr) {
+  if (KORExtension* const attached = object._Extensions->Find(class_name); attached != nullptr) {
     return *attached;
   }
   KORExtension* const extension = made.Get();
   extension->KORBaseUnknown::AddRef();
-  object._Extensions->Add(extension_class.Name, extension);
+  object._Extensions->Add(class_name, extension);
   made = nullptr;
   extension->_Extended = &object;
   extension->_Kind = ENUMTypeOfClass::DataExtension;
   return *extension;
 }
 
-KORExtension* KORExtensionRegistry::Extend(KORBaseUnknown& object, KORExtensionMaker make) {
+KORExtension* KORExtensionRegistry::BindNew(KORBaseUnknown& object, Maker make) {
   KORExtension* const extension = make();
   extension->_Extended = &object;
   extension->_Kind = ENUMTypeOfClass::CodeExtension;

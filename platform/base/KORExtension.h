@@ -8,6 +8,7 @@
 
 #include "platform/base/KORBaseUnknown.h"
 #include "platform/base/KORExport.h"
+#include "platform/base/KORHandle.h"
 
 /// Base of an object that extends another one: `class VEXEExample : public KORExtension, public
 /// KORImplements<VEXIExample>`.
@@ -36,9 +37,6 @@ class KORPLATFORM_API KORExtension : public virtual KORBaseUnknown {
   ENUMTypeOfClass _Kind = ENUMTypeOfClass::Implementation;
 };
 
-/// Makes a new extension object with one reference, which is the caller's.
-using KORExtensionMaker = KORExtension* (*)();
-
 /// Gives the interface that an extension adds to an object, with a reference that the caller releases; null if it
 /// can't. There is one for each interface of each extension.
 using KORCreationFunction = void* (*)(KORBaseUnknown& object);
@@ -51,27 +49,41 @@ class KORPLATFORM_API KORExtensionRegistry {
 
   /// Adds a way from an interface to an extension. False, with nothing changed, if one is registered already.
   bool Add(const std::string& component, const KORUuid& interface_id, KORCreationFunction create);
-  /// Takes it away; extensions that are attached to objects stay.
+  /// Takes it away; extensions that are attached to objects stay. A cast that another thread has begun may still end.
   void Remove(const std::string& component, const KORUuid& interface_id);
 
   /// The interface that an extension adds to the object, with a reference; null if no extension of the object's
   /// component adds it.
   void* FindInterface(KORBaseUnknown& object, const KORUuid& interface_id);
 
-  /// What creation functions are made of.
-
-  /// The object's extension of a class with state, made if the object has none, with no reference added.
-  KORExtension& Attach(KORBaseUnknown& object, const KORMetaClass& extension_class, KORExtensionMaker make);
-  /// A new extension of the object, which keeps the object alive, with one reference.
-  static KORExtension* Extend(KORBaseUnknown& object, KORExtensionMaker make);
-  /// The interface of an object or extension itself, with a reference on the object; null if it doesn't implement it.
+  /// The object's extension of a class with state, made if the object has none. It lives as long as the object does.
+  /// Extensions are told apart by the names of their classes (`Class::MetaObject()`).
+  template <class Class>
+  Class& ExtendWithState(KORBaseUnknown& object) {
+    return static_cast<Class&>(Attach(object, Class::MetaObject()->Name, &Make<Class>));
+  }
+  /// A new extension of the object, which keeps the object alive.
+  template <class Class>
+  static KORHandle<Class> Extend(KORBaseUnknown& object) {
+    return KORHandle<Class>::Adopt(static_cast<Class*>(BindNew(object, &Make<Class>)));
+  }
+  /// The interface that an object or an extension implements itself, with a reference that the caller releases; null if
+  /// it doesn't.
   static void* OwnInterface(KORBaseUnknown& answering, const KORUuid& interface_id);
 
  private:
   using FunctionsOfComponent = std::map<decltype(KORUuid::Bytes), KORCreationFunction>;  // by interface
+  using Maker = KORExtension* (*)();  // makes an extension with one reference, which is the caller's
+
+  template <class Class>
+  static KORExtension* Make() {
+    return new Class;
+  }
 
   KORCreationFunction FindFunction(const KORBaseUnknown& object, const KORUuid& interface_id);
   KORExtension* FindAttached(const KORBaseUnknown& object, const char* class_name);
+  KORExtension& Attach(KORBaseUnknown& object, const char* class_name, Maker make);
+  static KORExtension* BindNew(KORBaseUnknown& object, Maker make);
 
   std::shared_mutex _Mutex;
   std::map<std::string, FunctionsOfComponent, std::less<>> _Functions;  // by name of the component

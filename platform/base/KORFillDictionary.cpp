@@ -10,7 +10,7 @@
 
 namespace {
 
-// A table of which each key stands once.
+// A table in which each key stands once, with the first value that it got.
 template <class Key, class Value>
 class Table {
  public:
@@ -19,13 +19,9 @@ class Table {
     return _Values.try_emplace(key, value).second;
   }
 
-  void Remove(const Key& key) {
-    const std::lock_guard lock(_Mutex);
-    _Values.erase(key);
-  }
-
   // Null if there is none.
-  Value Find(const Key& key) {
+  template <class Sought>
+  Value Find(const Sought& key) {
     const std::lock_guard lock(_Mutex);
     const auto found = _Values.find(key);
     return found == _Values.end() ? nullptr : found->second;
@@ -33,13 +29,12 @@ class Table {
 
  private:
   std::mutex _Mutex;  // guards the values
-  std::map<Key, Value> _Values;
+  std::map<Key, Value, std::less<>> _Values;
 };
 
 using KeyOfEntry = std::pair<decltype(KORUuid::Bytes), decltype(KORUuid::Bytes)>;  // identifier and kind
 
-// Never destroyed, as modules come and go in no known order, and objects that end behind the static ones may still make
-// components.
+// Never destroyed: objects that end behind the static ones may still make components.
 Table<std::string, KORComponentMaker>& Components() {
   static auto* const components = new Table<std::string, KORComponentMaker>;
   return *components;
@@ -56,22 +51,14 @@ bool KORFillDictionary::RegisterFunctionCreation(const char* component, KORCompo
   return Components().Add(component, maker);
 }
 
-void KORFillDictionary::UnregisterFunctionCreation(const char* component) {
-  Components().Remove(component);
-}
-
 KORComponentMaker KORFillDictionary::FindFunctionCreation(const char* component) {
-  return Components().Find(component);
+  return Components().Find(std::string_view(component));
 }
 
 bool KORFillDictionary::AddDictionary(const KORUuid& identifier, const KORUuid& kind, const KORMetaClass* entry) {
   return Entries().Add({identifier.Bytes, kind.Bytes}, entry);
 }
 
-void KORFillDictionary::RemoveDictionary(const KORUuid& identifier, const KORUuid& kind) {
-  Entries().Remove({identifier.Bytes, kind.Bytes});
-}
-
 const KORMetaClass* KORFillDictionary::FindInDictionary(const KORUuid& identifier, const KORUuid& kind) {
-  return Entries().Find({identifier.Bytes, kind.Bytes});
+  return Entries().Find(KeyOfEntry(identifier.Bytes, kind.Bytes));
 }

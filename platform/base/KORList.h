@@ -19,7 +19,7 @@ template <class Value>
 class KORList {
  public:
   KORList() = default;
-  /// An empty list with room for that many values.
+  /// An empty list with room for that many values; a negative number stands for 0.
   explicit KORList(int capacity) { _Values.reserve(static_cast<std::size_t>(std::max(capacity, 0))); }
 
   int Size() const { return static_cast<int>(_Values.size()); }

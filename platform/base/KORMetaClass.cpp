@@ -14,7 +14,7 @@ struct KnownClasses {
   std::map<std::string_view, const KORMetaClass*> ByName;  // the names are those of the descriptions
 };
 
-// Never destroyed: modules take their descriptions away when they are unloaded, in no known order.
+// Never destroyed: objects that end behind the static ones may still ask.
 KnownClasses& OfProcess() {
   static auto* const known = new KnownClasses;
   return *known;
@@ -32,7 +32,7 @@ bool KORMetaClass::IsAKindOf(const char* name) const {
 
 bool KORMetaClass::SetExtensionOf(const char* component) {
   const auto free_place = std::find(Extends.begin(), Extends.end(), nullptr);
-  if (free_place == Extends.end()) return false;
+  if (component == nullptr || free_place == Extends.end()) return false;
   *free_place = component;
   return true;
 }
@@ -49,11 +49,4 @@ const KORMetaClass* fct_FindMetaObject(const char* name) {
   const std::lock_guard lock(known.Mutex);
   const auto found = known.ByName.find(name);
   return found == known.ByName.end() ? nullptr : found->second;
-}
-
-void fct_ForgetMetaObject(const KORMetaClass& description) {
-  KnownClasses& known = OfProcess();
-  const std::lock_guard lock(known.Mutex);
-  const auto found = known.ByName.find(description.Name);
-  if (found != known.ByName.end() && found->second == &description) known.ByName.erase(found);
 }

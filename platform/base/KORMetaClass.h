@@ -13,8 +13,8 @@ enum class ENUMTypeOfClass : int {
   CodeExtension = 4    // an extension without state: an object is made for each cast
 };
 
-/// Describes a class of objects: its name, its identifier, the class that it derives from, and what it extends. What
-/// its texts point to is to live as long as it does.
+/// Describes a class of objects: its name, its identifier, the class that it derives from, and what it extends. What it
+/// points to is to live as long as it does.
 struct KORMetaClass {
   const char* Name;
   KORUuid Identifier;
@@ -27,19 +27,17 @@ struct KORMetaClass {
   /// True if the class is called `name` or derives from the one that is.
   KORPLATFORM_API bool IsAKindOf(const char* name) const;
 
-  /// Adds a component that the class extends. False, with nothing changed, for the third one.
+  /// Adds a component that the class extends. False, with nothing changed, for the third one and for null.
   KORPLATFORM_API bool SetExtensionOf(const char* component);
 
+  /// Sets the framework that the class belongs to.
   void SetFWname(const char* framework) { FWname = framework; }
 };
 
-/// The description of the class of that name, for the process: `description` itself, unless another one is known under
-/// its name, which stays. It is to live until fct_ForgetMetaObject. Safe across threads, as are the other two; they can
-/// be called from static initialisers.
+/// Makes a description known by its name, from now on: it is to live as long as the process. The description that is
+/// known: `description` itself, unless another one was known before, which stays. Safe across threads, as is the
+/// search; both can be called from static initialisers.
 KORPLATFORM_API const KORMetaClass* fct_RetrieveMetaObject(const KORMetaClass& description);
 
-/// The description of the class of that name; null if none is known.
+/// The description that is known by that name; null if there is none, and for null.
 KORPLATFORM_API const KORMetaClass* fct_FindMetaObject(const char* name);
-
-/// Takes it away, for a module that is unloaded. One that is not known changes nothing.
-KORPLATFORM_API void fct_ForgetMetaObject(const KORMetaClass& description);

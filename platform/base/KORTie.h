@@ -11,14 +11,12 @@
 #include "platform/base/KORExtension.h"
 #include "platform/base/KORHandle.h"
 
-template <class Tie>
-void* Tie_Construct(KORBaseUnknown& object);
-
 /// Base of a forwarder from an interface to the extension class that does the work, which need not implement the
 /// interface itself and has state. All forwarders of one object share the object's one extension of that class.
 ///
-/// A forwarder lives as an extension without state does: counted by itself, it keeps the extended object alive, has its
-/// identity and offers its interfaces.
+/// A forwarder is made for each cast and lives as an extension without state does (KORExtension): counted by itself, it
+/// keeps the extended object alive, has its identity, answers queries as the object does, and lets go of it at its end.
+/// It serves as many threads as the extension behind it.
 template <class Interface, class Class>
 class KORTie : public KORExtension, public KORImplements<Interface> {
  public:
@@ -35,33 +33,22 @@ class KORTie : public KORExtension, public KORImplements<Interface> {
   }
   const KORMetaClass* GetMetaObject() const override { return MetaObject(); }
 
+  using InterfaceOfTie = Interface;
+  /// Leads to the extension of the object, made if the object has none.
+  void Tie_Link(KORBaseUnknown& object) { _Linked = &KORExtensionRegistry::OfProcess().ExtendWithState<Class>(object); }
+
  protected:
   /// The extension that does the work.
   Class& Linked() const { return *_Linked; }
 
  private:
-  template <class Tie>
-  friend void* Tie_Construct(KORBaseUnknown& object);
-
-  using InterfaceOfTie = Interface;
-
-  // Finds the extension of the object, or makes it.
-  void Tie_Link(KORBaseUnknown& object) {
-    constexpr KORExtensionMaker make = []() -> KORExtension* { return new Class; };
-    _Linked = static_cast<Class*>(&KORExtensionRegistry::OfProcess().Attach(object, *Class::MetaObject(), make));
-  }
-
   Class* _Linked = nullptr;  // lives as long as the extended object does
 };
 
-/// The creation function of a forwarder: a new one over the object's extension, as a pointer to its interface with one
-/// reference, which is the caller's.
+/// The creation function of a forwarder: a new one over the object's extension.
 template <class Tie>
 void* Tie_Construct(KORBaseUnknown& object) {
-  constexpr KORExtensionMaker make = []() -> KORExtension* { return new Tie; };
-  const auto made = KORHandle<KORExtension>::Adopt(KORExtensionRegistry::Extend(object, make));
-  auto* const tie = static_cast<Tie*>(made.Get());
+  const KORHandle<Tie> tie = KORExtensionRegistry::Extend<Tie>(object);
   tie->Tie_Link(object);
-  tie->AddRef();
-  return static_cast<typename Tie::InterfaceOfTie*>(tie);
+  return KORExtensionRegistry::OwnInterface(*tie, Tie::InterfaceOfTie::ClassId());
 }

@@ -35,6 +35,7 @@ class KORPLATFORM_API KORTrace {
 
   const KORUnicodeString& GetName() const { return _Name; }
   const KORUnicodeString& GetDescription() const { return _Description; }
+  /// What it was made with.
   int GetMode() const { return _Mode; }
   const KORUnicodeString& GetDestination() const { return _Destination; }
   int GetSize() const { return _Size; }

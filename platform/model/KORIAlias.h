@@ -5,6 +5,7 @@
 #include "platform/base/KORHandle.h"
 #include "platform/base/KORUnicodeString.h"
 
+/// How an object is called where it is shown.
 class KORIAlias : public KORInterface<KORIAlias> {
  public:
   static constexpr const char* InterfaceName = "KORIAlias";

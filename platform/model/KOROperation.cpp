@@ -2,9 +2,16 @@
 #include "platform/model/KOROperation.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/base/KORStatus.h"
+#include "platform/model/VEXITimeAnalysisRepReference.h"
 #include "platform/system/KORPerform.h"
+
+KORRepInstance::KORRepInstance(PLMIRepReference_var reference)
+    : _Reference(std::move(reference)),
+      _Component(VEXITimeAnalysisRepReference_var(_Reference).IsNull() ? "" : "PCCMemVEXTimeAnalysisRepInstance") {
+}
 
 long KORRepInstance::GetRepReference(PLMIRepReference*& reference) {
   return KORHandOut("GetRepReference", _Reference, reference);

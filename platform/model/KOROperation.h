@@ -16,14 +16,16 @@
 class KORPLATFORM_API KORRepInstance final : public KORDerives<KORPLMObject, PLMIRepInstance> {
  public:
   /// `reference` is not null.
-  explicit KORRepInstance(PLMIRepReference_var reference) : _Reference(std::move(reference)) {}
+  explicit KORRepInstance(PLMIRepReference_var reference);
 
-  const char* GetComponentName() const override { return "PCCMemVEXTimeAnalysisRepInstance"; }
+  /// "PCCMemVEXTimeAnalysisRepInstance" for an instance of a time analysis; empty for one of another representation.
+  const char* GetComponentName() const override { return _Component; }
 
   long GetRepReference(PLMIRepReference*& reference) override;
 
  private:
   PLMIRepReference_var _Reference;
+  const char* _Component;
 };
 
 /// An operation reference.

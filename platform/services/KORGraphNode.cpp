@@ -1,6 +1,7 @@
 // A node of the tree that is drawn nowhere and remembers what it was told to show.
 #include "platform/services/KORGraphNode.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <map>
 
@@ -61,7 +62,8 @@ long KORGraphNode::SetIcon(const KORUnicodeString& name) {
 
 long KORGraphNode::AddIconMask(const KORUnicodeString& name, int across, int down, int flag) {
   return KORPerform("AddIconMask", [&] {
-    _Masks.push_back({name, across, down, flag});
+    const Mask mask{name, across, down, flag};
+    if (std::find(_Masks.begin(), _Masks.end(), mask) == _Masks.end()) _Masks.push_back(mask);
     _Calls.push_back("AddIconMask(" + Quoted(name) + ", " + std::to_string(across) + ", " + std::to_string(down) +
                      ", " + std::to_string(flag) + ")");
     return S_OK;

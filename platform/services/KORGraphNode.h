@@ -12,6 +12,7 @@
 /// thread at a time.
 class KORPLATFORM_API KORGraphNode final : public KORImplements<KORIGraphNode> {
  public:
+  /// A mask, with the numbers of KORIGraphNode::AddIconMask.
   struct Mask {
     KORUnicodeString Name;
     int Across = 0;
@@ -46,13 +47,16 @@ class KORPLATFORM_API KORGraphNode final : public KORImplements<KORIGraphNode> {
   long RefreshNodeImage(int reserved) override;
   long RefreshNodeText(int reserved) override;
 
-  // What the node shows.
+  /// The icon that the node shows; empty for none.
   const KORUnicodeString& GetIcon() const { return _Icon; }
+  /// The masks on the icon, the lowest one first.
   const std::vector<Mask>& GetMasks() const { return _Masks; }
+  /// The text that the node shows, and another one instead.
   const KORUnicodeString& GetText() const { return _Text; }
   void SetText(const KORUnicodeString& text) { _Text = text; }
 
-  /// What the node was told, call by call, as `AddIconMask("I_MaskLockByMeRef", 15, 8, 1)`.
+  /// What the node was told, call by call, as `AddIconMask("I_MaskLockByMeRef", 15, 8, 1)`: all of it since it was made
+  /// or told to forget.
   const std::vector<std::string>& GetCalls() const { return _Calls; }
   void ForgetCalls() { _Calls.clear(); }
 

@@ -5,6 +5,7 @@
 #include "platform/base/KORHandle.h"
 #include "platform/base/KORUnicodeString.h"
 
+/// The parents of a node and what it shows. One node serves one thread at a time.
 class KORIGraphNode : public KORInterface<KORIGraphNode> {
  public:
   static constexpr const char* InterfaceName = "KORIGraphNode";
@@ -20,15 +21,18 @@ class KORIGraphNode : public KORInterface<KORIGraphNode> {
   /// failure.
   virtual KORBaseUnknown* GetNodeObject() = 0;
 
-  /// Gives the node an icon, in place of the one before and without its masks. S_OK.
+  /// Gives the node an icon, in place of the one before and without its masks. It is the way on which
+  /// KORSextantInTreeEnabler::NodeIconDisplay goes. S_OK.
   virtual long SetIcon(const KORUnicodeString& name) = 0;
-  /// Puts a mask on the node's icon, on top of those that are there. S_OK.
+  /// Puts a mask on the node's icon, on top of those that are there; an equal one that is there stays the only one.
+  /// S_OK.
   ///
   /// across, down  where the mask stands on the icon
   virtual long AddIconMask(const KORUnicodeString& name, int across, int down, int flag) = 0;
 
-  /// The two finishing calls, in this order; the argument is passed as 0. S_OK.
+  /// The first of the two finishing calls; the argument is passed as 0. S_OK.
   virtual long RefreshNodeImage(int reserved) = 0;
+  /// The second one.
   virtual long RefreshNodeText(int reserved) = 0;
 };
 using KORIGraphNode_var = KORHandle<KORIGraphNode>;

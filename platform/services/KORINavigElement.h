@@ -7,26 +7,32 @@
 
 class KORNavigInstance;
 
-/// A node as an element of the tree. Pointers that it gives come with no reference.
+/// A node as an element of the tree: the tree tells it what the user did, once it is done, and asks it for what belongs
+/// to it. Pointers that it gives come with no reference.
 class KORINavigElement : public KORInterface<KORINavigElement> {
  public:
   static constexpr const char* InterfaceName = "KORINavigElement";
 
-  // The tree tells the node what the user did, once it is done.
+  /// The node was selected.
   virtual void ProcessAfterSelect() = 0;
-  virtual void ProcessAfterExtSelect() = 0;  // added to a selection
+  /// The node was added to a selection.
+  virtual void ProcessAfterExtSelect() = 0;
+  /// An action was run on the node.
   virtual void ProcessAfterAction() = 0;
+  /// The node was expanded.
   virtual void ProcessAfterExpand() = 0;
+  /// A method of that name was run on the node.
   virtual void ProcessAfterMethod(const KORUnicodeString& method) = 0;
 
-  /// What holds the node and what controls it; null if nothing does.
+  /// What holds the node; null if nothing does.
   virtual KORBaseUnknown* GetFatherContainer() = 0;
   /// Brings what the node shows up to date.
   virtual void Update() = 0;
+  /// What controls the node; null if nothing does.
   virtual KORBaseUnknown* GetController() = 0;
   /// What the node stands for; null if it stands for nothing, or is cut off from it (KORINavigNodeCtrl).
   virtual KORNavigInstance* GetAssociatedInstance() = 0;
-  /// The node stands for nothing from now on; it is neither marked nor selected.
+  /// The node stands for nothing from now on; it is neither marked nor selected, nor cut off.
   virtual void Remove() = 0;
   /// Marks the node (1) or takes the mark away (0), and tells which.
   virtual void SetMarked(int marked) = 0;

@@ -12,7 +12,8 @@ class KORINavigateObject : public KORInterface<KORINavigateObject> {
  public:
   static constexpr const char* InterfaceName = "KORINavigateObject";
 
-  /// The names that the object's node shows, in a new list that the caller deletes; null if no node is to be shown.
+  /// The names that the object's node shows, in a new list that the caller deletes; null if the node is to be left as
+  /// it is.
   virtual KORListValKORUnicodeString* GetNodeNames() = 0;
   /// The objects whose nodes stand below the object's, in a new list that the caller deletes; null for none.
   virtual KORListValKORBaseUnknown_var* GetChildObjects() = 0;

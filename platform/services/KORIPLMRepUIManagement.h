@@ -6,6 +6,7 @@
 #include "platform/base/KORExtension.h"
 #include "platform/base/KORHandle.h"
 
+/// Who deals with a representation in the user interface.
 class KORIPLMRepUIManagement : public KORInterface<KORIPLMRepUIManagement> {
  public:
   static constexpr const char* InterfaceName = "KORIPLMRepUIManagement";

@@ -7,7 +7,7 @@
 #include "platform/base/KORExport.h"
 #include "platform/base/KORHandle.h"
 
-/// The place of a model object in the tree. It keeps the object alive.
+/// The place of a model object in the tree. It keeps the object alive. One serves one thread at a time.
 class KORPLATFORM_API KORNavigInstance final : public KORBaseUnknown {
  public:
   /// Null for a node that has lost its object.

@@ -17,18 +17,18 @@ std::string ComponentOfNode(const KORBaseUnknown_var& object) {
   return component.empty() ? KORPlainNode : component + "_node";
 }
 
-KORUnicodeString TextOf(const KORBaseUnknown_var& object) {
+void RefreshText(KORGraphNode& node, const KORBaseUnknown_var& object) {
   const KORINavigateObject_var names_of_object = object;
-  if (names_of_object.IsNull()) return {};
+  if (names_of_object.IsNull()) return node.SetText({});
   const std::unique_ptr<const KORListValKORUnicodeString> names(names_of_object->GetNodeNames());
-  return names == nullptr || names->Size() == 0 ? KORUnicodeString() : (*names)[1];
+  if (names != nullptr) node.SetText(names->Size() == 0 ? KORUnicodeString() : (*names)[1]);
 }
 
 void RefreshNode(KORGraphNode& node) {
   const KORINavigElement_var element(&node);
   if (element.IsNull()) return;
   const KORNavigInstance* const instance = element->GetAssociatedInstance();
-  node.SetText(instance == nullptr ? KORUnicodeString() : TextOf(instance->GetReference()));
+  RefreshText(node, instance == nullptr ? NULL_var : instance->GetReference());
   element->Update();
 }
 

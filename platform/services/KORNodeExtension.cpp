@@ -9,12 +9,13 @@ const char* const KORPlainNode = "KORPlain_node";
 
 namespace {
 
-[[maybe_unused]] const KORExtensionRegistration PlainElement(KORPlainNode, KORINavigElement::ClassId(),
-                                                             &Tie_Construct<TIEKORINavigElement<KORNodeExtension>>);
-[[maybe_unused]] const KORExtensionRegistration PlainModify(KORPlainNode, KORINavigModify::ClassId(),
-                                                            &Tie_Construct<TIEKORINavigModify<KORNodeExtension>>);
-[[maybe_unused]] const KORExtensionRegistration PlainNodeCtrl(KORPlainNode, KORINavigNodeCtrl::ClassId(),
-                                                              &Tie_Construct<TIEKORINavigNodeCtrl<KORNodeExtension>>);
+// Ahead of the initialisers of the program, so that these can make trees.
+[[gnu::init_priority(101)]] const KORExtensionRegistration PlainElement(
+    KORPlainNode, KORINavigElement::ClassId(), &Tie_Construct<TIEKORINavigElement<KORNodeExtension>>);
+[[gnu::init_priority(101)]] const KORExtensionRegistration PlainModify(
+    KORPlainNode, KORINavigModify::ClassId(), &Tie_Construct<TIEKORINavigModify<KORNodeExtension>>);
+[[gnu::init_priority(101)]] const KORExtensionRegistration PlainNodeCtrl(
+    KORPlainNode, KORINavigNodeCtrl::ClassId(), &Tie_Construct<TIEKORINavigNodeCtrl<KORNodeExtension>>);
 
 }  // namespace
 
@@ -38,6 +39,7 @@ void KORNodeExtension::PutAssociatedInstance(KORNavigInstance* instance) {
 
 void KORNodeExtension::Remove() {
   _Instance = NULL_var;
+  _CutOff = false;
   _Marked = 0;
   _Selected = 0;
 }

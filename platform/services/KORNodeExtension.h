@@ -10,7 +10,8 @@
 
 /// Base of the extensions of nodes, with state: what the operations of KORINavigElement, KORINavigModify and
 /// KORINavigNodeCtrl of that name tell, to which forwarders lead (KORNodeForwarders.h). As it stands it is the
-/// behaviour of nodes of the component KORPlainNode, which show nothing by themselves.
+/// behaviour of nodes of the component KORPlainNode, which show nothing by themselves. One node serves one thread at a
+/// time.
 class KORPLATFORM_API KORNodeExtension : public KORExtension {
  public:
   KORNodeExtension() = default;

@@ -5,7 +5,8 @@
 #include "platform/services/KORINavigElement.h"
 #include "platform/services/KORNodeExtension.h"
 
-/// `Extension` derives from KORNodeExtension. Each operation is passed on to the one of its name.
+/// The forwarder of a node's KORINavigElement. `Extension` derives from KORNodeExtension; each operation is passed on
+/// to the one of its name, here and in the other two.
 template <class Extension>
 class TIEKORINavigElement final : public KORTie<KORINavigElement, Extension> {
  public:
@@ -23,6 +24,7 @@ class TIEKORINavigElement final : public KORTie<KORINavigElement, Extension> {
   int GetMarked() override { return this->Linked().GetMarked(); }
 };
 
+/// That of its KORINavigModify.
 template <class Extension>
 class TIEKORINavigModify final : public KORTie<KORINavigModify, Extension> {
  public:
@@ -32,6 +34,7 @@ class TIEKORINavigModify final : public KORTie<KORINavigModify, Extension> {
   int IsSelected() override { return this->Linked().IsSelected(); }
 };
 
+/// That of its KORINavigNodeCtrl.
 template <class Extension>
 class TIEKORINavigNodeCtrl final : public KORTie<KORINavigNodeCtrl, Extension> {
  public:

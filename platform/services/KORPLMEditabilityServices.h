@@ -5,6 +5,7 @@
 #include "platform/base/KORList.h"
 #include "platform/base/KORObjectLists.h"
 
+/// Editability, by the records of the model.
 struct KORPLATFORM_API KORPLMEditabilityServices {
   /// Asks for the editability of objects. An operation reference may be changed unless it is said not to
   /// (KOROperationReference::SetEditable), an object of any other kind always.

@@ -8,7 +8,7 @@
 #include "platform/base/KORExport.h"
 #include "platform/base/KORHandle.h"
 
-/// A path that starts at an object and, so far, ends there. It keeps the object alive.
+/// A path that starts at an object and, so far, ends there. It keeps the object alive. One serves one thread at a time.
 class KORPLATFORM_API KORPathElement final : public KORBaseUnknown {
  public:
   explicit KORPathElement(KORBaseUnknown* object) : _Start(object) {}
@@ -18,8 +18,7 @@ class KORPLATFORM_API KORPathElement final : public KORBaseUnknown {
 
   const KORBaseUnknown_var& GetStart() const { return _Start; }
 
-  /// Memory for a path; null if there is none. No error leaves it, so that a fault that is put into it is not to raise
-  /// one.
+  /// Memory for a path; null if there is none, and with a fault put into it.
   static void* operator new(std::size_t size, const std::nothrow_t& no_throw) noexcept;
   static void operator delete(void* path, const std::nothrow_t& no_throw) noexcept;
   static void operator delete(void* path) noexcept;

@@ -7,6 +7,7 @@
 #include "platform/base/KORUnicodeString.h"
 #include "platform/services/KORIGraphNode.h"
 
+/// Gives nodes their icons.
 struct KORPLATFORM_API KORSextantInTreeEnabler {
   /// Sets the icon of the node that stands for an object; masks on the icon before are gone. S_OK; E_INVALIDARG for
   /// null.

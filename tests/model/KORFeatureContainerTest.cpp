@@ -40,6 +40,12 @@ class Extended final : public KORBaseUnknown {
 class FeatureExtension final : public KORExtension, public KORImplements<KORISpecObject> {
  public:
   KORUnicodeString GetFeatureName() override { return "extended"; }
+
+  static const KORMetaClass* MetaObject() {
+    static const KORMetaClass description{"FeatureExtension", KORUuid::OfName("FeatureExtension"),
+                                          KORBaseUnknown::MetaObject(), ENUMTypeOfClass::CodeExtension};
+    return &description;
+  }
 };
 
 // The members of that class, taken over from the sequence.

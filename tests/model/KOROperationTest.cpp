@@ -51,6 +51,12 @@ class KOROperationTest : public testing::Test {
   const KORHandle<KOROperationReference> _Operation = _Model.CreateOperation("OP");
 };
 
+TEST_F(KOROperationTest, InstanceOfAnAnalysisIsAComponentAndOneOfAnotherRepresentationIsNone) {
+  EXPECT_STREQ(Add(PLMIRepReference_var(_Model.CreateTimeAnalysis("TA")))->GetImpl(0)->GetComponentName(),
+               "PCCMemVEXTimeAnalysisRepInstance");
+  EXPECT_STREQ(Add(PLMIRepReference_var(_Model.CreateOtherRepReference("Shape")))->GetImpl(0)->GetComponentName(), "");
+}
+
 TEST_F(KOROperationTest, WayFromTheOccurrenceToTheAnalysis) {
   const auto analysis = _Model.CreateTimeAnalysis("TA");
   Add(PLMIRepReference_var(analysis));

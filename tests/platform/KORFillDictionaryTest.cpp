@@ -83,22 +83,6 @@ TEST(KORFillDictionaryTest, TheFirstWayOfANameStays) {
   EXPECT_EQ(KORFillDictionary::FindFunctionCreation("KORFillDictionaryTest"), nullptr);
 }
 
-TEST(KORFillDictionaryTest, NameIsFreeOnceItsWayIsTakenAway) {
-  constexpr const char* Name = "KORFillDictionaryTestPassing";
-  EXPECT_TRUE(KORFillDictionary::RegisterFunctionCreation(Name, MakeNothing));
-  KORFillDictionary::UnregisterFunctionCreation(Name);
-  EXPECT_EQ(KORFillDictionary::FindFunctionCreation(Name), nullptr);
-  Make<IEngine>(Name, E_FAIL);
-  EXPECT_TRUE(KORFillDictionary::RegisterFunctionCreation(Name, MakeEngine));
-  Make<IEngine>(Name, S_OK);
-  KORFillDictionary::UnregisterFunctionCreation(Name);
-}
-
-TEST(KORFillDictionaryTest, TakingAnUnknownWayAwayChangesNothing) {
-  KORFillDictionary::UnregisterFunctionCreation("KORFillDictionaryTest");
-  EXPECT_EQ(KORFillDictionary::FindFunctionCreation("KORFillDictionaryTestEngine"), &MakeEngine);
-}
-
 TEST(KORFillDictionaryTest, AFaultMakesNoObject) {
   KORFreshSession session;
   session.InjectFault("KORInstantiateComponent", E_INVALIDARG);
@@ -120,81 +104,41 @@ TEST(KORFillDictionaryTest, ThreadsRegisterAndMakeAtOnce) {
   }
   for (std::thread& thread : threads) thread.join();
   EXPECT_EQ(registered, 100);
-  for (int round = 0; round < 100; ++round) {
-    KORFillDictionary::UnregisterFunctionCreation(("KORFillDictionaryTestThreads" + std::to_string(round)).c_str());
-  }
 }
 
 // Entries by their identifier
 
 constexpr KORUuid OtherKind = KORUuid::OfName("KORFillDictionaryTest.OtherKind");
 
-/// An entry for the life of this object.
-class Entry {
- public:
-  Entry(const KORUuid& identifier, const KORUuid& kind, const KORMetaClass* entry)
-      : _Identifier(identifier), _Kind(kind), _Added(KORFillDictionary::AddDictionary(identifier, kind, entry)) {}
-  Entry(const Entry&) = delete;
-  Entry& operator=(const Entry&) = delete;
-  ~Entry() {
-    if (_Added) KORFillDictionary::RemoveDictionary(_Identifier, _Kind);
-  }
-
-  bool IsAdded() const { return _Added; }
-
- private:
-  KORUuid _Identifier;
-  KORUuid _Kind;
-  bool _Added;
-};
-
 const KORMetaClass* Find(const KORUuid& identifier, const KORUuid& kind = CLSID_KORMetaClass) {
   return KORFillDictionary::FindInDictionary(identifier, kind);
 }
 
+// At the load of the program, as the modules do it.
+const bool entry_was_new =
+    KORFillDictionary::AddDictionary(IEngine::ClassId(), CLSID_KORMetaClass, IEngine::MetaObject());
+
 TEST(KORDictionaryTest, EntryIsFoundByItsIdentifier) {
-  const Entry engine(IEngine::ClassId(), CLSID_KORMetaClass, IEngine::MetaObject());
-  EXPECT_TRUE(engine.IsAdded());
+  EXPECT_TRUE(entry_was_new);
   EXPECT_EQ(Find(IEngine::ClassId()), IEngine::MetaObject());
   EXPECT_EQ(Find(IOther::ClassId()), nullptr);
   EXPECT_EQ(Find(KORUuid{}), nullptr);
 }
 
 TEST(KORDictionaryTest, EachKindHasAnEntryOfItsOwn) {
-  const Entry engine(IEngine::ClassId(), CLSID_KORMetaClass, IEngine::MetaObject());
-  EXPECT_EQ(Find(IEngine::ClassId(), OtherKind), nullptr);
-  const Entry other(IEngine::ClassId(), OtherKind, IOther::MetaObject());
-  EXPECT_TRUE(other.IsAdded());
+  constexpr KORUuid SecondKind = KORUuid::OfName("KORFillDictionaryTest.SecondKind");
+  EXPECT_EQ(Find(IEngine::ClassId(), SecondKind), nullptr);
+  EXPECT_TRUE(KORFillDictionary::AddDictionary(IEngine::ClassId(), SecondKind, IOther::MetaObject()));
   EXPECT_EQ(Find(IEngine::ClassId()), IEngine::MetaObject());
-  EXPECT_EQ(Find(IEngine::ClassId(), OtherKind), IOther::MetaObject());
-  KORFillDictionary::RemoveDictionary(IEngine::ClassId(), OtherKind);
-  EXPECT_EQ(Find(IEngine::ClassId(), OtherKind), nullptr);
-  EXPECT_EQ(Find(IEngine::ClassId()), IEngine::MetaObject());
+  EXPECT_EQ(Find(IEngine::ClassId(), SecondKind), IOther::MetaObject());
 }
 
 TEST(KORDictionaryTest, IdentifierAndKindDoNotStandForEachOther) {
-  const Entry engine(IEngine::ClassId(), OtherKind, IEngine::MetaObject());
-  EXPECT_EQ(Find(OtherKind, IEngine::ClassId()), nullptr);
+  EXPECT_EQ(Find(CLSID_KORMetaClass, IEngine::ClassId()), nullptr);
 }
 
 TEST(KORDictionaryTest, TheFirstEntryStays) {
-  const Entry engine(IEngine::ClassId(), CLSID_KORMetaClass, IEngine::MetaObject());
-  const Entry second(IEngine::ClassId(), CLSID_KORMetaClass, IOther::MetaObject());
-  EXPECT_FALSE(second.IsAdded());
-  EXPECT_EQ(Find(IEngine::ClassId()), IEngine::MetaObject());
-}
-
-TEST(KORDictionaryTest, IdentifierIsFreeOnceItsEntryIsTakenAway) {
-  { const Entry engine(IEngine::ClassId(), CLSID_KORMetaClass, IEngine::MetaObject()); }
-  EXPECT_EQ(Find(IEngine::ClassId()), nullptr);
-  const Entry other(IEngine::ClassId(), CLSID_KORMetaClass, IOther::MetaObject());
-  EXPECT_TRUE(other.IsAdded());
-  EXPECT_EQ(Find(IEngine::ClassId()), IOther::MetaObject());
-}
-
-TEST(KORDictionaryTest, TakingAnUnknownEntryAwayChangesNothing) {
-  const Entry engine(IEngine::ClassId(), CLSID_KORMetaClass, IEngine::MetaObject());
-  KORFillDictionary::RemoveDictionary(IOther::ClassId(), CLSID_KORMetaClass);
+  EXPECT_FALSE(KORFillDictionary::AddDictionary(IEngine::ClassId(), CLSID_KORMetaClass, IOther::MetaObject()));
   EXPECT_EQ(Find(IEngine::ClassId()), IEngine::MetaObject());
 }
 
@@ -212,9 +156,6 @@ TEST(KORDictionaryThreadsTest, OneOfManyThreadsAddsAnEntry) {
   }
   for (std::thread& thread : threads) thread.join();
   EXPECT_EQ(added, 100);
-  for (int round = 0; round < 100; ++round) {
-    KORFillDictionary::RemoveDictionary(KORUuid::OfName("KORDictionaryThreadsTest" + std::to_string(round)), OtherKind);
-  }
 }
 
 // Creation functions of classes that answer for interfaces themselves
@@ -298,6 +239,16 @@ TEST(ToCreateBOATest, ClassThatLacksTheInterfaceGivesNullAndLeavesNoReference) {
     EXPECT_EQ(CountReferences(by_itself), 1u);
   }
   EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before);
+}
+
+// A class that doesn't describe itself, and so is said to extend nothing.
+class Undescribed final : public KORExtension, public KORImplements<IEngine> {};
+
+TEST(ToCreateBOATest, ExtensionThatDoesNotSayItsKindGivesNull) {
+  const long before = KORBaseUnknown::CountLiveObjects();
+  Workpiece object;
+  EXPECT_EQ((Create<IEngine, Undescribed>(object)), nullptr);
+  EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before + 1);
 }
 
 }  // namespace

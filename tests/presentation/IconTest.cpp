@@ -89,10 +89,10 @@ INSTANTIATE_TEST_SUITE_P(
 
 // Nothing writes the text, and the status is that of the way to the reference: what came in is taken for the name.
 INSTANTIATE_TEST_SUITE_P(ReferenceThatOffersNoIcon, IconOfObjectTest,
-                         testing::Values(IconRow{"Drawing", [] { return InstanceOf(NewDrawing("Sketch")); }, "S_OK []",
-                                                 "S_OK [I_Before]", "S_OK [I_Before]"},
+                         testing::Values(IconRow{"Drawing", [] { return NewNamedInstance(NewDrawing("Sketch")); },
+                                                 "S_OK []", "S_OK [I_Before]", "S_OK [I_Before]"},
                                          IconRow{"ReferenceOfNoComponent",
-                                                 [] { return InstanceOf(NewNamelessReference("")); }, "S_OK []",
+                                                 [] { return NewNamedInstance(NewNamelessReference("")); }, "S_OK []",
                                                  "S_OK [I_Before]", "S_OK [I_Before]"}),
                          RowName());
 
@@ -250,7 +250,7 @@ TEST_F(IconTest, OfAReferenceThatWasGivenWithAFailureCountsAllTheSame) {
 }
 
 TEST_F(IconTest, OfAReferenceThatOffersNoIconFailsAsTheWayToIt) {
-  const KORBaseUnknown_var instance = InstanceOf(NewDrawing("Sketch"));
+  const KORBaseUnknown_var instance = NewNamedInstance(NewDrawing("Sketch"));
   _Session.InjectFault("GetRepReference", FaultOf(KORFault::Kind::StatusAlone, KORFault::Life::Once));
   EXPECT_EQ(IconNameOf(instance, "I_Before"), "fault [I_Before]");
   EXPECT_EQ(IconNameOf(instance, "I_Later"), "S_OK [I_Later]");

@@ -112,7 +112,8 @@ TEST_F(NodeDisplayTest, InstanceOfAnotherRepresentationShowsItsOwnReservationAlo
   const PLMIRepInstance_var instance = Attach(_Place.Operation, drawing);
   RecordOf(drawing).Reserve("anna");
   RecordOf(instance).Reserve("anna");
-  EXPECT_EQ(CallsOfUpdate(NewNode(instance), instance), Join({OpenIcon, MyInstanceMask, ImageRefresh, TextRefresh}));
+  const auto node = Node_var::Adopt(new KORGraphNode(InstanceNodeComponent));
+  EXPECT_EQ(CallsOfUpdate(node, instance), Join({OpenIcon, MyInstanceMask, ImageRefresh, TextRefresh}));
 }
 
 TEST_F(NodeDisplayTest, RevisionsShowNowhere) {

@@ -72,7 +72,7 @@ INSTANTIATE_TEST_SUITE_P(
         NameRow{"NameOfManyLetters", [] { return NewNamedAnalysis("Größe \"1\"\n2"); }, "[Größe \"1\"\n2]"},
         NameRow{"Instance", [] { return InstanceOf(NewNamedAnalysis("Fasten the cover")); }, "[Fasten the cover]"},
         NameRow{"InstanceOfAnAnalysisWithoutName", [] { return InstanceOf(NewAnalysis("Fasten")); }, "[]"},
-        NameRow{"InstanceOfAnotherRepresentation", [] { return InstanceOf(NewNamedDrawing()); },
+        NameRow{"InstanceOfAnotherRepresentation", [] { return NewNamedInstance(NewNamedDrawing()); },
                 "[Sketch of the cover]"},
         NameRow{"InstanceWithANameOfItsOwn", [] { return NewNamedInstance(NewNamedAnalysis("Fasten the cover")); },
                 "[Fasten the cover]"},
@@ -83,8 +83,6 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     WithoutNames, NodeNamesTest,
     testing::Values(NameRow{"ReferenceWithoutAlias", [] { return NewNamelessReference(ReferenceComponent); }, "null"},
-                    NameRow{"InstanceOfAReferenceWithoutAlias",
-                            [] { return InstanceOf(NewNamelessReference(ReferenceComponent)); }, "null"},
                     NameRow{"NamedInstanceOfAReferenceWithoutAlias",
                             [] { return NewNamedInstance(NewNamelessReference(ReferenceComponent)); }, "null"},
                     NameRow{"InstanceOfNothing", [] { return NewNamedInstance(NULL_var); }, "null"},

@@ -84,8 +84,7 @@ INSTANTIATE_TEST_SUITE_P(
     Objects, ObjectPathTest,
     testing::Values(ObjectRow{"Analysis", [] { return NewAnalysis("Fasten"); }},
                     ObjectRow{"Instance", [] { return Attach(NewOperation("Cover"), NewAnalysis("Fasten")); }},
-                    ObjectRow{"InstanceOfAnotherRepresentation",
-                              [] { return Attach(NewOperation("Cover"), NewDrawing("Sketch")); }},
+                    ObjectRow{"InstanceOfAnotherRepresentation", [] { return NewNamedInstance(NewDrawing("Sketch")); }},
                     ObjectRow{"InstanceOfNothing", [] { return NewNamedInstance(NULL_var); }},
                     ObjectRow{"ObjectThatIsNeither", [] { return NewStranger(ReferenceComponent); }}),
     RowName());

@@ -15,11 +15,13 @@
 #include "platform/base/KORFillDictionary.h"
 #include "platform/base/KORStatus.h"
 #include "platform/base/KORTrace.h"
+#include "platform/model/KORModel.h"
 #include "platform/services/KORIIcon.h"
 #include "platform/services/KORINavigElement.h"
 #include "platform/services/KORINavigateObject.h"
 #include "platform/services/KORIPLMRepUIManagement.h"
 #include "platform/system/KORInstantiateComponent.h"
+#include "platform/system/KORSession.h"
 #include "presentation/CreationFunctions.h"
 #include "presentation/VEXESTMTimeAnalysisNavigModify.h"
 #include "presentation/VEXESTMTimeAnalysisNavigObjectModify.h"
@@ -124,10 +126,6 @@ INSTANTIATE_TEST_SUITE_P(
             "VEXSTMTimeAnalysisDlgServices", 1, "KORBaseUnknown", {}, &VEXSTMTimeAnalysisDlgServices::MetaObject}),
     [](const auto& row) { return std::string(row.param.Class); });
 
-TEST(RegistrationTest, HasEightClasses) {
-  EXPECT_EQ(presentation::Classes.size(), 8u);
-}
-
 TEST(RegistrationTest, KnowsNoOtherClass) {
   EXPECT_EQ(RetrieveMetaObject("VEXSTMPicturesServices"), nullptr);
   EXPECT_EQ(RetrieveMetaObject(""), nullptr);
@@ -172,6 +170,17 @@ INSTANTIATE_TEST_SUITE_P(
         InterfaceRow{"KORIIcon", &IsOffered<KORIIcon>, {Reference, Instance}},
         InterfaceRow{"VEXITimeAnalysisSessionServicesMgr", &IsOffered<VEXITimeAnalysisSessionServicesMgr>, {}}),
     [](const auto& row) { return std::string(row.param.Name); });
+
+TEST(RegistrationTest, OffersNothingToInstancesOfOtherRepresentations) {
+  const KORFreshSession session;
+  const auto drawing = KORModel::Current().CreateOtherRepReference("Sketch");
+  const auto operation = KORModel::Current().CreateOperation("Cover");
+  PLMIRepInstance* instance = nullptr;
+  ASSERT_EQ(operation->AddRepInstance(nullptr, PLMIRepReference_var(drawing).Get(), instance, 0), S_OK);
+  const auto of_drawing = PLMIRepInstance_var::Adopt(instance);
+  EXPECT_FALSE(IsOffered<KORIIcon>(of_drawing));
+  EXPECT_FALSE(IsOffered<KORINavigateObject>(of_drawing));
+}
 
 // ---- How they are answered for ----
 

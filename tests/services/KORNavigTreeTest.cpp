@@ -216,7 +216,7 @@ INSTANTIATE_TEST_SUITE_P(Names, NodeTextTest,
                                          TextRow{"OneOfSeveral", {{"weld", "glue"}}, "weld"},
                                          TextRow{"EmptyName", {{"", "glue"}}, ""},
                                          TextRow{"EmptyList", Shown::Names::value_type{}, ""},
-                                         TextRow{"NoList", std::nullopt, ""}),
+                                         TextRow{"NoListLeavesTheText", std::nullopt, "before"}),
                          [](const auto& row) { return std::string(row.param.Name); });
 
 TEST_F(KORNavigTreeTest, ObjectsWithoutNamesAreShownWithoutText) {

@@ -139,6 +139,15 @@ TEST_F(PlainNodeTest, StandsForNothingOnceItIsRemoved) {
   EXPECT_EQ(_Element->GetAssociatedInstance(), nullptr) << "nothing is left to be joined with";
 }
 
+TEST_F(PlainNodeTest, IsNotCutOffFromWhatItStandsForAfterItsRemoval) {
+  const Instance_var instance = NewInstance();
+  _NodeCtrl->PutAssociatedInstance(instance.Get());
+  _NodeCtrl->Dereference();
+  _Element->Remove();
+  _NodeCtrl->PutAssociatedInstance(instance.Get());
+  EXPECT_EQ(_Element->GetAssociatedInstance(), instance.Get());
+}
+
 TEST_F(PlainNodeTest, GoesWithItsExtensionAndItsInstance) {
   const long before = KORBaseUnknown::CountLiveObjects();
   Node_var node = NewNode(KORPlainNode);

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <exception>
 #include <new>
 
 #include "platform/base/KORStatus.h"
@@ -46,9 +47,12 @@ TEST(KORPathElementTest, KeepsItsObjectAlive) {
 TEST(KORPathElementTest, IsNotMadeWithoutMemory) {
   KORFreshSession session;
   const KORBaseUnknown_var object = NewObject();
-  session.InjectFault("KORPathElement", E_FAIL);
-  EXPECT_TRUE(NewPath(object.Get()).IsNull());
-  EXPECT_EQ(CountReferences(*object), 1u);
+  for (const KORFault& fault : {KORFault{}, KORFault{.What = KORFault::Kind::NullAlone},
+                                KORFault{.What = KORFault::Kind::Raised, .Error = std::make_exception_ptr(1)}}) {
+    session.InjectFault("KORPathElement", fault);
+    EXPECT_TRUE(NewPath(object.Get()).IsNull());
+    EXPECT_EQ(CountReferences(*object), 1u);
+  }
   session.ClearFaults();
   EXPECT_FALSE(NewPath(object.Get()).IsNull());
 }

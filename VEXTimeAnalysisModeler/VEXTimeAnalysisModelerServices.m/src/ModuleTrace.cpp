@@ -3,6 +3,11 @@
 
 #include <string>
 
+#include "VEXTimeAnalysisModelerServicesLoad.h"
+
+// The trace is made with the registration at load, which this keeps in the link.
+[[maybe_unused, gnu::used]] static void (*const registration)() = &VEXTimeAnalysisModelerServicesLoad;
+
 KORTrace& ModuleTrace() {
   static KORTrace trace("KORVEXTimeAnalysisModelerServicesTrace", "Traces for module VEXTimeAnalysisModelerServices", 1,
                         "STDERR", 1024);

@@ -1,8 +1,12 @@
 // The face of the pictures on time analyses, and the tables of image types.
 #include "VEXSTMPicturesServices.h"
 
+#include "VEXTimeAnalysisModelerServicesLoad.h"
 #include "exchange/Pictures.h"
 #include "platform/system/KORFiles.h"
+
+// Nothing else here names what keeps the registration at load in the link.
+[[maybe_unused, gnu::used]] static void (*const registration)() = &VEXTimeAnalysisModelerServicesLoad;
 
 // This priority puts the tables behind the registration of the module and ahead of all objects that have none.
 // clang-format off

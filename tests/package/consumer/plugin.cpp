@@ -1,4 +1,5 @@
-// A host that loads the services while it runs, and unloads them again.
+// A host that loads the services while it runs. Prints how much of them it knows ahead of that, behind it, and once it
+// has let go of them; and the icon of an analysis that was asked for its icon meanwhile.
 #include <dlfcn.h>
 
 #include <cstdio>
@@ -7,15 +8,21 @@
 #include "platform/base/KORTrace.h"
 #include "platform/model/KORModel.h"
 #include "platform/services/KORIIcon.h"
+#include "platform/services/KORINavigElement.h"
+#include "platform/services/KORNavigTree.h"
 #include "platform/system/KORSession.h"
 
 namespace {
 
-// How much of the services the platform knows: 0 to 4.
+// From 0 to 5.
 int CountKnown() {
   KORFreshSession session;
-  const KORIIcon_var icon = KORModel::Current().CreateTimeAnalysis("Fasten cover");
-  return (icon.IsNull() ? 0 : 1) + (fct_FindMetaObject("VEXSTMTimeAnalysisIcon") == nullptr ? 0 : 1) +
+  KORNavigTree tree;
+  const KORHandle<VEXTimeAnalysisRepReference> analysis = KORModel::Current().CreateTimeAnalysis("Fasten");
+  const KORIIcon_var icon = analysis;
+  const KORINavigElement_var element = tree.AddNode(analysis);
+  return (icon.IsNull() ? 0 : 1) + (element.IsNull() ? 0 : 1) +
+         (fct_FindMetaObject("VEXSTMTimeAnalysisIcon") == nullptr ? 0 : 1) +
          (KORFillDictionary::FindFunctionCreation("VEXETimeAnalysisSessionServicesMgr") == nullptr ? 0 : 1) +
          (KORTrace::Find("KORVEXTimeAnalysisModelerServicesTrace") == nullptr ? 0 : 1);
 }
@@ -23,12 +30,17 @@ int CountKnown() {
 }  // namespace
 
 int main() {
-  for (int round = 0; round < 2; ++round) {
-    std::printf("%d ", CountKnown());
-    void* const services = dlopen(SERVICES, RTLD_NOW | RTLD_LOCAL);
-    if (services == nullptr) std::printf("%s ", dlerror());
-    std::printf("%d ", CountKnown());
-    if (services != nullptr) dlclose(services);
+  const KORBaseUnknown_var analysis = KORModel::Current().CreateTimeAnalysis("Fasten");
+  std::printf("%d ", CountKnown());
+  void* const services = dlopen(SERVICES, RTLD_NOW | RTLD_LOCAL);
+  if (services == nullptr) {
+    std::printf("%s\n", dlerror());
+    return 1;
   }
-  std::printf("%d\n", CountKnown());
+  (void)KORIIcon_var(analysis)->SetIconName("I_Fasten");
+  std::printf("%d ", CountKnown());
+  dlclose(services);
+  KORUnicodeString name;
+  (void)KORIIcon_var(analysis)->GetIconName(name);
+  std::printf("%d %s\n", CountKnown(), std::string(name.Bytes()).c_str());
 }

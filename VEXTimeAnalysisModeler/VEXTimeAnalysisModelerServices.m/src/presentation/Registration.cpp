@@ -1,12 +1,16 @@
 // The classes of this module and the interfaces that they answer for, and their registration at load.
 #include "presentation/Registration.h"
 
+#include <array>
+#include <cstddef>
 #include <string_view>
 
 #include "ModuleTrace.h"
 #include "VEXITimeAnalysisSessionServicesMgr.h"
 #include "VEXTimeAnalysisModelerServicesLoad.h"
+#include "platform/base/KORExtension.h"
 #include "platform/base/KORFillDictionary.h"
+#include "platform/base/KORMetaClass.h"
 #include "platform/services/KORIIcon.h"
 #include "platform/services/KORINavigElement.h"
 #include "platform/services/KORINavigateObject.h"
@@ -18,56 +22,71 @@ namespace presentation {
 
 namespace {
 
-constexpr const char* ModuleName = "VEXTimeAnalysisModeler";
-constexpr const char* NoComponent = "KORNull";
+// A class of the module.
+struct ClassRow {
+  const char* Class;
+  ENUMTypeOfClass Kind;
+  std::string_view ExtendsComponent;
+  const char* AlsoExtends;  // null: none
+  const KORMetaClass* (*MetaClassBase)();
+};
 
-// Components of the model and of the tree.
-constexpr const char* RepReference = "PCCMemVEXTimeAnalysisRepReference";
-constexpr const char* RepInstance = "PCCMemVEXTimeAnalysisRepInstance";
-constexpr const char* RepReferenceNode = "PCCMemVEXTimeAnalysisRepReference_node";
-constexpr const char* RepInstanceNode = "PCCMemVEXTimeAnalysisRepInstance_node";
+// An interface for which a class of the module answers.
+struct DictionaryRow {
+  const char* Class;
+  const KORUuid& (*Interface)();
+  KORCreationFunction Create;
+};
 
-constexpr auto StandsByItself = ENUMTypeOfClass::Implementation;
-constexpr auto WithState = ENUMTypeOfClass::DataExtension;
-constexpr auto WithoutState = ENUMTypeOfClass::CodeExtension;
+constexpr std::string_view NoComponent = "KORNull";
 
-}  // namespace
+// Components of the model, and of their nodes in the tree.
+constexpr const char* Reference = "PCCMemVEXTimeAnalysisRepReference";
+constexpr const char* Instance = "PCCMemVEXTimeAnalysisRepInstance";
+constexpr const char* ReferenceNode = "PCCMemVEXTimeAnalysisRepReference_node";
+constexpr const char* InstanceNode = "PCCMemVEXTimeAnalysisRepInstance_node";
+
+using enum ENUMTypeOfClass;
 
 // clang-format off
-constexpr std::array<ClassRow, 8> Classes{{
-    // class                                 kind            base of its description                         extends           also extends
-    {"VEXESTMTimeAnalysisNavigModify",       WithState,      &KORBaseUnknown::MetaObject,                     RepReferenceNode, RepInstanceNode},
-    {"VEXESTMTimeAnalysisNavigObjectModify", WithoutState,   &KORINavigateObjectModify::MetaObject,           RepReference,     RepInstance},
-    {"VEXESTMTimeAnalysisNavigate",          WithoutState,   &KORINavigateObject::MetaObject,                 RepReference,     RepInstance},
-    {"VEXESTMTimeAnalysisRepUIManagement",   WithoutState,   &KORIPLMRepUIManagement::MetaObject,             RepReference,     RepInstance},
-    {"VEXSTMTimeAnalysisIcon",               WithState,      &KORIIcon::MetaObject,                           RepReference,     RepInstance},
-    {"VEXETimeAnalysisSessionServicesMgr",   StandsByItself, &VEXITimeAnalysisSessionServicesMgr::MetaObject, NoComponent,      nullptr},
-    {"VEXSTMJSONServices",                   StandsByItself, &KORBaseUnknown::MetaObject,                     NoComponent,      nullptr},
-    {"VEXSTMTimeAnalysisDlgServices",        StandsByItself, &KORBaseUnknown::MetaObject,                     NoComponent,      nullptr},
-}};
-
-constexpr std::array<DictionaryRow, 8> Dictionary{{
-    // class                                 interface                                     creation function
-    {"VEXESTMTimeAnalysisNavigModify",       &KORINavigElement::ClassId,                   &CreateTIEKORINavigElementVEXESTMTimeAnalysisNavigModify},
-    {"VEXESTMTimeAnalysisNavigModify",       &KORINavigModify::ClassId,                    &CreateTIEKORINavigModifyVEXESTMTimeAnalysisNavigModify},
-    {"VEXESTMTimeAnalysisNavigModify",       &KORINavigNodeCtrl::ClassId,                  &CreateTIEKORINavigNodeCtrlVEXESTMTimeAnalysisNavigModify},
-    {"VEXESTMTimeAnalysisNavigObjectModify", &KORINavigateObjectModify::ClassId,           &CreateBOAKORINavigateObjectModifyVEXESTMTimeAnalysisNavigObjectModify},
-    {"VEXESTMTimeAnalysisNavigate",          &KORINavigateObject::ClassId,                 &CreateBOAKORINavigateObjectVEXESTMTimeAnalysisNavigate},
-    {"VEXESTMTimeAnalysisRepUIManagement",   &KORIPLMRepUIManagement::ClassId,             &CreateBOAKORIPLMRepUIManagementVEXESTMTimeAnalysisRepUIManagement},
-    {"VEXSTMTimeAnalysisIcon",               &KORIIcon::ClassId,                           &CreateBOAKORIIconVEXSTMTimeAnalysisIcon},
-    {"VEXETimeAnalysisSessionServicesMgr",   &VEXITimeAnalysisSessionServicesMgr::ClassId, &CreateBOAVEXITimeAnalysisSessionServicesMgrVEXETimeAnalysisSessionServicesMgr},
-}};
+constexpr auto Classes = std::to_array<ClassRow>({
+    // class                                 kind            extends        also extends  base of its description
+    {"VEXESTMTimeAnalysisNavigModify",       DataExtension,  ReferenceNode, InstanceNode, &KORBaseUnknown::MetaObject},
+    {"VEXESTMTimeAnalysisNavigObjectModify", CodeExtension,  Reference,     Instance,     &KORINavigateObjectModify::MetaObject},
+    {"VEXESTMTimeAnalysisNavigate",          CodeExtension,  Reference,     Instance,     &KORINavigateObject::MetaObject},
+    {"VEXESTMTimeAnalysisRepUIManagement",   CodeExtension,  Reference,     Instance,     &KORIPLMRepUIManagement::MetaObject},
+    {"VEXSTMTimeAnalysisIcon",               DataExtension,  Reference,     Instance,     &KORIIcon::MetaObject},
+    {"VEXETimeAnalysisSessionServicesMgr",   Implementation, NoComponent,   nullptr,      &VEXITimeAnalysisSessionServicesMgr::MetaObject},
+    {"VEXSTMJSONServices",                   Implementation, NoComponent,   nullptr,      &KORBaseUnknown::MetaObject},
+    {"VEXSTMTimeAnalysisDlgServices",        Implementation, NoComponent,   nullptr,      &KORBaseUnknown::MetaObject},
+});
 // clang-format on
 
-namespace {
+constexpr auto Dictionary = std::to_array<DictionaryRow>({
+    {"VEXESTMTimeAnalysisNavigModify", &KORINavigElement::ClassId,
+     &CreateTIEKORINavigElementVEXESTMTimeAnalysisNavigModify},
+    {"VEXESTMTimeAnalysisNavigModify", &KORINavigModify::ClassId,
+     &CreateTIEKORINavigModifyVEXESTMTimeAnalysisNavigModify},
+    {"VEXESTMTimeAnalysisNavigModify", &KORINavigNodeCtrl::ClassId,
+     &CreateTIEKORINavigNodeCtrlVEXESTMTimeAnalysisNavigModify},
+    {"VEXESTMTimeAnalysisNavigObjectModify", &KORINavigateObjectModify::ClassId,
+     &CreateBOAKORINavigateObjectModifyVEXESTMTimeAnalysisNavigObjectModify},
+    {"VEXESTMTimeAnalysisNavigate", &KORINavigateObject::ClassId,
+     &CreateBOAKORINavigateObjectVEXESTMTimeAnalysisNavigate},
+    {"VEXESTMTimeAnalysisRepUIManagement", &KORIPLMRepUIManagement::ClassId,
+     &CreateBOAKORIPLMRepUIManagementVEXESTMTimeAnalysisRepUIManagement},
+    {"VEXSTMTimeAnalysisIcon", &KORIIcon::ClassId, &CreateBOAKORIIconVEXSTMTimeAnalysisIcon},
+    {"VEXETimeAnalysisSessionServicesMgr", &VEXITimeAnalysisSessionServicesMgr::ClassId,
+     &CreateBOAVEXITimeAnalysisSessionServicesMgrVEXETimeAnalysisSessionServicesMgr},
+});
 
 using Descriptions = std::array<KORMetaClass, Classes.size()>;
 
 KORMetaClass Describe(const ClassRow& row) {
   KORMetaClass description{row.Class, KORUuid::OfName(row.Class), row.MetaClassBase(), row.Kind};
   description.SetFWname(ModuleName);
-  if (std::string_view(row.ExtendsComponent) != NoComponent) description.SetExtensionOf(row.ExtendsComponent);
-  if (row.AlsoExtends != nullptr) description.SetExtensionOf(row.AlsoExtends);
+  if (row.ExtendsComponent != NoComponent) description.SetExtensionOf(row.ExtendsComponent.data());
+  description.SetExtensionOf(row.AlsoExtends);
   return description;
 }
 
@@ -82,58 +101,36 @@ const Descriptions& DescriptionsOfModule() {
   return descriptions;
 }
 
+// A class that stands by itself is a component of its own.
+void RegisterInterface(const DictionaryRow& row) {
+  KORExtensionRegistry& registry = KORExtensionRegistry::OfProcess();
+  const KORMetaClass& description = *RetrieveMetaObject(row.Class);
+  if (description.Kind == Implementation) registry.Add(description.Name, row.Interface(), row.Create);
+  for (const char* const component : description.Extends) {
+    if (component != nullptr) registry.Add(component, row.Interface(), row.Create);
+  }
+}
+
 KORBaseUnknown* MakeSessionServicesMgr() {
   return new VEXETimeAnalysisSessionServicesMgr;
 }
 
-// The registration for the time that the module is loaded.
-class Registration {
- public:
-  Registration() {
-    for (const KORMetaClass& description : DescriptionsOfModule()) (void)fct_RetrieveMetaObject(description);
-    ForAllExtensions([](const char* component, const DictionaryRow& row) {
-      KORExtensionRegistry::OfProcess().Add(component, row.Interface(), row.Create);
-    });
-    const KORMetaClass* const manager = VEXITimeAnalysisSessionServicesMgr::MetaObject();
-    KORFillDictionary::AddDictionary(manager->Identifier, CLSID_KORMetaClass, manager);
-    KORFillDictionary::RegisterFunctionCreation(VEXETimeAnalysisSessionServicesMgr::ClassName(),
-                                                MakeSessionServicesMgr);
-    (void)ModuleTrace();
-  }
-  Registration(const Registration&) = delete;
-  Registration& operator=(const Registration&) = delete;
-  ~Registration() {
-    KORFillDictionary::UnregisterFunctionCreation(VEXETimeAnalysisSessionServicesMgr::ClassName());
-    KORFillDictionary::RemoveDictionary(VEXITimeAnalysisSessionServicesMgr::ClassId(), CLSID_KORMetaClass);
-    ForAllExtensions([](const char* component, const DictionaryRow& row) {
-      KORExtensionRegistry::OfProcess().Remove(component, row.Interface());
-    });
-    for (const KORMetaClass& description : DescriptionsOfModule()) fct_ForgetMetaObject(description);
-  }
-
- private:
-  // Calls `act` with each component and each interface that a class of the module adds to it. A class that stands by
-  // itself is a component of its own.
-  template <class Action>
-  static void ForAllExtensions(const Action& act) {
-    for (const DictionaryRow& row : Dictionary) {
-      const KORMetaClass& extension = *RetrieveMetaObject(row.Class);
-      if (extension.Kind == StandsByItself) act(extension.Name, row);
-      for (const char* const component : extension.Extends) {
-        if (component != nullptr) act(component, row);
-      }
-    }
-  }
-};
-
-// Ahead of all initialisers without a priority, be they the module's own or of the program that it is linked into.
-[[gnu::init_priority(101)]] const Registration registration;
+// Runs ahead of all initialisers without a priority, be they the module's own or those of the program that it is linked
+// into: with the first priority that is free for use. What stands under a name already stays.
+[[gnu::constructor(101)]] void RegisterAtLoad() {
+  for (const KORMetaClass& description : DescriptionsOfModule()) (void)fct_RetrieveMetaObject(description);
+  for (const DictionaryRow& row : Dictionary) RegisterInterface(row);
+  const KORMetaClass* const manager = VEXITimeAnalysisSessionServicesMgr::MetaObject();
+  (void)KORFillDictionary::AddDictionary(manager->Identifier, CLSID_KORMetaClass, manager);
+  (void)KORFillDictionary::RegisterFunctionCreation("VEXETimeAnalysisSessionServicesMgr", MakeSessionServicesMgr);
+  (void)ModuleTrace();
+}
 
 }  // namespace
 
 const KORMetaClass* RetrieveMetaObject(const char* class_name) {
   for (const KORMetaClass& description : DescriptionsOfModule()) {
-    if (std::string_view(description.Name) == class_name) return fct_RetrieveMetaObject(description);
+    if (std::string_view(description.Name) == class_name) return &description;
   }
   return nullptr;
 }

@@ -30,7 +30,7 @@ const KORMetaClass* VEXITimeAnalysisSessionServicesMgr::MetaObject() {
       {0xCB, 0x23, 0x09, 0x9A, 0x60, 0x91, 0x46, 0xA8, 0x88, 0x23, 0x00, 0x5B, 0x60, 0x65, 0x5E, 0xCA}};
   static const KORMetaClass description = [] {
     KORMetaClass made{"VEXITimeAnalysisSessionServicesMgr", Identifier, KORBaseUnknown::MetaObject()};
-    made.SetFWname("VEXTimeAnalysisModeler");
+    made.SetFWname(presentation::ModuleName);
     return made;
   }();
   return &description;
