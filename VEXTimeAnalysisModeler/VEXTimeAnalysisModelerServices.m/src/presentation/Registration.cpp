@@ -46,19 +46,23 @@ constexpr const char* Instance = "PCCMemVEXTimeAnalysisRepInstance";
 constexpr const char* ReferenceNode = "PCCMemVEXTimeAnalysisRepReference_node";
 constexpr const char* InstanceNode = "PCCMemVEXTimeAnalysisRepInstance_node";
 
-using enum ENUMTypeOfClass;
+constexpr auto Alone = ENUMTypeOfClass::Implementation;  // extends nothing
+constexpr auto State = ENUMTypeOfClass::DataExtension;
+constexpr auto Code = ENUMTypeOfClass::CodeExtension;  // without state
+
+using SessionServicesMgr = VEXITimeAnalysisSessionServicesMgr;
 
 // clang-format off
 constexpr auto Classes = std::to_array<ClassRow>({
-    // class                                 kind            extends        also extends  base of its description
-    {"VEXESTMTimeAnalysisNavigModify",       DataExtension,  ReferenceNode, InstanceNode, &KORBaseUnknown::MetaObject},
-    {"VEXESTMTimeAnalysisNavigObjectModify", CodeExtension,  Reference,     Instance,     &KORINavigateObjectModify::MetaObject},
-    {"VEXESTMTimeAnalysisNavigate",          CodeExtension,  Reference,     Instance,     &KORINavigateObject::MetaObject},
-    {"VEXESTMTimeAnalysisRepUIManagement",   CodeExtension,  Reference,     Instance,     &KORIPLMRepUIManagement::MetaObject},
-    {"VEXSTMTimeAnalysisIcon",               DataExtension,  Reference,     Instance,     &KORIIcon::MetaObject},
-    {"VEXETimeAnalysisSessionServicesMgr",   Implementation, NoComponent,   nullptr,      &VEXITimeAnalysisSessionServicesMgr::MetaObject},
-    {"VEXSTMJSONServices",                   Implementation, NoComponent,   nullptr,      &KORBaseUnknown::MetaObject},
-    {"VEXSTMTimeAnalysisDlgServices",        Implementation, NoComponent,   nullptr,      &KORBaseUnknown::MetaObject},
+    // class                                 kind   extends        also extends  base of its description
+    {"VEXESTMTimeAnalysisNavigModify",       State, ReferenceNode, InstanceNode, KORBaseUnknown::MetaObject},
+    {"VEXESTMTimeAnalysisNavigObjectModify", Code,  Reference,     Instance,     KORINavigateObjectModify::MetaObject},
+    {"VEXESTMTimeAnalysisNavigate",          Code,  Reference,     Instance,     KORINavigateObject::MetaObject},
+    {"VEXESTMTimeAnalysisRepUIManagement",   Code,  Reference,     Instance,     KORIPLMRepUIManagement::MetaObject},
+    {"VEXSTMTimeAnalysisIcon",               State, Reference,     Instance,     KORIIcon::MetaObject},
+    {"VEXETimeAnalysisSessionServicesMgr",   Alone, NoComponent,   nullptr,      SessionServicesMgr::MetaObject},
+    {"VEXSTMJSONServices",                   Alone, NoComponent,   nullptr,      KORBaseUnknown::MetaObject},
+    {"VEXSTMTimeAnalysisDlgServices",        Alone, NoComponent,   nullptr,      KORBaseUnknown::MetaObject},
 });
 // clang-format on
 
@@ -76,7 +80,7 @@ constexpr auto Dictionary = std::to_array<DictionaryRow>({
     {"VEXESTMTimeAnalysisRepUIManagement", &KORIPLMRepUIManagement::ClassId,
      &CreateBOAKORIPLMRepUIManagementVEXESTMTimeAnalysisRepUIManagement},
     {"VEXSTMTimeAnalysisIcon", &KORIIcon::ClassId, &CreateBOAKORIIconVEXSTMTimeAnalysisIcon},
-    {"VEXETimeAnalysisSessionServicesMgr", &VEXITimeAnalysisSessionServicesMgr::ClassId,
+    {"VEXETimeAnalysisSessionServicesMgr", &SessionServicesMgr::ClassId,
      &CreateBOAVEXITimeAnalysisSessionServicesMgrVEXETimeAnalysisSessionServicesMgr},
 });
 
@@ -105,9 +109,9 @@ const Descriptions& DescriptionsOfModule() {
 void RegisterInterface(const DictionaryRow& row) {
   KORExtensionRegistry& registry = KORExtensionRegistry::OfProcess();
   const KORMetaClass& description = *RetrieveMetaObject(row.Class);
-  if (description.Kind == Implementation) registry.Add(description.Name, row.Interface(), row.Create);
+  if (description.Kind == Alone) (void)registry.Add(description.Name, row.Interface(), row.Create);
   for (const char* const component : description.Extends) {
-    if (component != nullptr) registry.Add(component, row.Interface(), row.Create);
+    if (component != nullptr) (void)registry.Add(component, row.Interface(), row.Create);
   }
 }
 
@@ -120,7 +124,7 @@ KORBaseUnknown* MakeSessionServicesMgr() {
 [[gnu::constructor(101)]] void RegisterAtLoad() {
   for (const KORMetaClass& description : DescriptionsOfModule()) (void)fct_RetrieveMetaObject(description);
   for (const DictionaryRow& row : Dictionary) RegisterInterface(row);
-  const KORMetaClass* const manager = VEXITimeAnalysisSessionServicesMgr::MetaObject();
+  const KORMetaClass* const manager = SessionServicesMgr::MetaObject();
   (void)KORFillDictionary::AddDictionary(manager->Identifier, CLSID_KORMetaClass, manager);
   (void)KORFillDictionary::RegisterFunctionCreation("VEXETimeAnalysisSessionServicesMgr", MakeSessionServicesMgr);
   (void)ModuleTrace();
