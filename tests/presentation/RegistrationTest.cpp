@@ -15,7 +15,6 @@
 #include "platform/base/KORFillDictionary.h"
 #include "platform/base/KORStatus.h"
 #include "platform/base/KORTrace.h"
-#include "platform/model/KORModel.h"
 #include "platform/services/KORIIcon.h"
 #include "platform/services/KORINavigElement.h"
 #include "platform/services/KORINavigateObject.h"
@@ -29,29 +28,19 @@
 #include "presentation/VEXESTMTimeAnalysisRepUIManagement.h"
 #include "presentation/VEXETimeAnalysisSessionServicesMgr.h"
 #include "presentation/VEXSTMTimeAnalysisIcon.h"
+#include "tests/presentation/PresentationTest.h"
 
 namespace {
 
 using presentation::RetrieveMetaObject;
-
-constexpr const char* Reference = "PCCMemVEXTimeAnalysisRepReference";
-constexpr const char* Instance = "PCCMemVEXTimeAnalysisRepInstance";
-constexpr const char* ReferenceNode = "PCCMemVEXTimeAnalysisRepReference_node";
-constexpr const char* InstanceNode = "PCCMemVEXTimeAnalysisRepInstance_node";
-
-/// An object of which nothing but its component is known.
-class Bare final : public KORBaseUnknown {
- public:
-  explicit Bare(const char* component) : _Component(component) {}
-  const char* GetComponentName() const override { return _Component; }
-
- private:
-  const char* _Component;
-};
-
-KORBaseUnknown_var NewObject(const char* component) {
-  return KORBaseUnknown_var::Adopt(new Bare(component));
-}
+using presentationtest::Attach;
+using presentationtest::InstanceComponent;
+using presentationtest::InstanceNodeComponent;
+using presentationtest::NewDrawing;
+using presentationtest::NewOperation;
+using presentationtest::NewStranger;
+using presentationtest::ReferenceComponent;
+using presentationtest::ReferenceNodeComponent;
 
 template <class Interface>
 bool IsOffered(const KORBaseUnknown_var& object) {
@@ -97,25 +86,28 @@ INSTANTIATE_TEST_SUITE_P(
         DescriptionRow{"VEXESTMTimeAnalysisNavigModify",
                        2,
                        "KORBaseUnknown",
-                       {ReferenceNode, InstanceNode},
+                       {ReferenceNodeComponent, InstanceNodeComponent},
                        &VEXESTMTimeAnalysisNavigModify::MetaObject},
         DescriptionRow{"VEXESTMTimeAnalysisNavigObjectModify",
                        4,
                        "KORINavigateObjectModify",
-                       {Reference, Instance},
+                       {ReferenceComponent, InstanceComponent},
                        &VEXESTMTimeAnalysisNavigObjectModify::MetaObject},
         DescriptionRow{"VEXESTMTimeAnalysisNavigate",
                        4,
                        "KORINavigateObject",
-                       {Reference, Instance},
+                       {ReferenceComponent, InstanceComponent},
                        &VEXESTMTimeAnalysisNavigate::MetaObject},
         DescriptionRow{"VEXESTMTimeAnalysisRepUIManagement",
                        4,
                        "KORIPLMRepUIManagement",
-                       {Reference, Instance},
+                       {ReferenceComponent, InstanceComponent},
                        &VEXESTMTimeAnalysisRepUIManagement::MetaObject},
-        DescriptionRow{
-            "VEXSTMTimeAnalysisIcon", 2, "KORIIcon", {Reference, Instance}, &VEXSTMTimeAnalysisIcon::MetaObject},
+        DescriptionRow{"VEXSTMTimeAnalysisIcon",
+                       2,
+                       "KORIIcon",
+                       {ReferenceComponent, InstanceComponent},
+                       &VEXSTMTimeAnalysisIcon::MetaObject},
         DescriptionRow{"VEXETimeAnalysisSessionServicesMgr",
                        1,
                        "VEXITimeAnalysisSessionServicesMgr",
@@ -151,33 +143,33 @@ struct InterfaceRow {
 class InterfaceTest : public testing::TestWithParam<InterfaceRow> {};
 
 TEST_P(InterfaceTest, IsOfferedByTheComponentsOfItsClassAlone) {
-  for (const char* const component : {Reference, Instance, ReferenceNode, InstanceNode, "KORNull", "AnyOther"}) {
+  for (const char* const component :
+       {ReferenceComponent, InstanceComponent, ReferenceNodeComponent, InstanceNodeComponent, "KORNull", "AnyOther"}) {
     const auto& components = GetParam().Components;
     const bool expected = std::find(components.begin(), components.end(), component) != components.end();
-    EXPECT_EQ(GetParam().IsOfferedBy(NewObject(component)), expected) << component;
+    EXPECT_EQ(GetParam().IsOfferedBy(NewStranger(component)), expected) << component;
   }
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Dictionary, InterfaceTest,
     testing::Values(
-        InterfaceRow{"KORINavigElement", &IsOffered<KORINavigElement>, {ReferenceNode, InstanceNode}},
-        InterfaceRow{"KORINavigModify", &IsOffered<KORINavigModify>, {ReferenceNode, InstanceNode}},
-        InterfaceRow{"KORINavigNodeCtrl", &IsOffered<KORINavigNodeCtrl>, {ReferenceNode, InstanceNode}},
-        InterfaceRow{"KORINavigateObjectModify", &IsOffered<KORINavigateObjectModify>, {Reference, Instance}},
-        InterfaceRow{"KORINavigateObject", &IsOffered<KORINavigateObject>, {Reference, Instance}},
-        InterfaceRow{"KORIPLMRepUIManagement", &IsOffered<KORIPLMRepUIManagement>, {Reference, Instance}},
-        InterfaceRow{"KORIIcon", &IsOffered<KORIIcon>, {Reference, Instance}},
+        InterfaceRow{"KORINavigElement", &IsOffered<KORINavigElement>, {ReferenceNodeComponent, InstanceNodeComponent}},
+        InterfaceRow{"KORINavigModify", &IsOffered<KORINavigModify>, {ReferenceNodeComponent, InstanceNodeComponent}},
+        InterfaceRow{
+            "KORINavigNodeCtrl", &IsOffered<KORINavigNodeCtrl>, {ReferenceNodeComponent, InstanceNodeComponent}},
+        InterfaceRow{
+            "KORINavigateObjectModify", &IsOffered<KORINavigateObjectModify>, {ReferenceComponent, InstanceComponent}},
+        InterfaceRow{"KORINavigateObject", &IsOffered<KORINavigateObject>, {ReferenceComponent, InstanceComponent}},
+        InterfaceRow{
+            "KORIPLMRepUIManagement", &IsOffered<KORIPLMRepUIManagement>, {ReferenceComponent, InstanceComponent}},
+        InterfaceRow{"KORIIcon", &IsOffered<KORIIcon>, {ReferenceComponent, InstanceComponent}},
         InterfaceRow{"VEXITimeAnalysisSessionServicesMgr", &IsOffered<VEXITimeAnalysisSessionServicesMgr>, {}}),
     [](const auto& row) { return std::string(row.param.Name); });
 
 TEST(RegistrationTest, OffersNothingToInstancesOfOtherRepresentations) {
   const KORFreshSession session;
-  const auto drawing = KORModel::Current().CreateOtherRepReference("Sketch");
-  const auto operation = KORModel::Current().CreateOperation("Cover");
-  PLMIRepInstance* instance = nullptr;
-  ASSERT_EQ(operation->AddRepInstance(nullptr, PLMIRepReference_var(drawing).Get(), instance, 0), S_OK);
-  const auto of_drawing = PLMIRepInstance_var::Adopt(instance);
+  const auto of_drawing = Attach(NewOperation("Cover"), NewDrawing("Sketch"));
   EXPECT_FALSE(IsOffered<KORIIcon>(of_drawing));
   EXPECT_FALSE(IsOffered<KORINavigateObject>(of_drawing));
 }
@@ -192,7 +184,7 @@ Interface* Create(KORCreationFunction create, const KORBaseUnknown_var& object) 
 // The class of the extension that answers, by way of two creations for one object.
 template <class Interface>
 std::string WhoAnswers(KORCreationFunction create, const char* component) {
-  const KORBaseUnknown_var object = NewObject(component);
+  const KORBaseUnknown_var object = NewStranger(component);
   const auto first = KORHandle<Interface>::Adopt(Create<Interface>(create, object));
   const auto second = KORHandle<Interface>::Adopt(Create<Interface>(create, object));
   EXPECT_TRUE(first == object && second == object) << "an extension is the extended object";
@@ -200,34 +192,35 @@ std::string WhoAnswers(KORCreationFunction create, const char* component) {
 }
 
 TEST(CreationFunctionsTest, ClassAnswersItself) {
-  EXPECT_EQ(WhoAnswers<KORINavigateObjectModify>(
-                &presentation::CreateBOAKORINavigateObjectModifyVEXESTMTimeAnalysisNavigObjectModify, Reference),
-            "VEXESTMTimeAnalysisNavigObjectModify, one for each cast");
   EXPECT_EQ(
-      WhoAnswers<KORINavigateObject>(&presentation::CreateBOAKORINavigateObjectVEXESTMTimeAnalysisNavigate, Reference),
-      "VEXESTMTimeAnalysisNavigate, one for each cast");
+      WhoAnswers<KORINavigateObjectModify>(
+          &presentation::CreateBOAKORINavigateObjectModifyVEXESTMTimeAnalysisNavigObjectModify, ReferenceComponent),
+      "VEXESTMTimeAnalysisNavigObjectModify, one for each cast");
+  EXPECT_EQ(WhoAnswers<KORINavigateObject>(&presentation::CreateBOAKORINavigateObjectVEXESTMTimeAnalysisNavigate,
+                                           ReferenceComponent),
+            "VEXESTMTimeAnalysisNavigate, one for each cast");
   EXPECT_EQ(WhoAnswers<KORIPLMRepUIManagement>(
-                &presentation::CreateBOAKORIPLMRepUIManagementVEXESTMTimeAnalysisRepUIManagement, Reference),
+                &presentation::CreateBOAKORIPLMRepUIManagementVEXESTMTimeAnalysisRepUIManagement, ReferenceComponent),
             "VEXESTMTimeAnalysisRepUIManagement, one for each cast");
-  EXPECT_EQ(WhoAnswers<KORIIcon>(&presentation::CreateBOAKORIIconVEXSTMTimeAnalysisIcon, Reference),
+  EXPECT_EQ(WhoAnswers<KORIIcon>(&presentation::CreateBOAKORIIconVEXSTMTimeAnalysisIcon, ReferenceComponent),
             "VEXSTMTimeAnalysisIcon, one for the object");
 }
 
 TEST(CreationFunctionsTest, ForwarderAnswersUnderTheNameOfItsInterface) {
   EXPECT_EQ(WhoAnswers<KORINavigElement>(&presentation::CreateTIEKORINavigElementVEXESTMTimeAnalysisNavigModify,
-                                         ReferenceNode),
+                                         ReferenceNodeComponent),
             "KORINavigElement, one for each cast");
-  EXPECT_EQ(
-      WhoAnswers<KORINavigModify>(&presentation::CreateTIEKORINavigModifyVEXESTMTimeAnalysisNavigModify, ReferenceNode),
-      "KORINavigModify, one for each cast");
+  EXPECT_EQ(WhoAnswers<KORINavigModify>(&presentation::CreateTIEKORINavigModifyVEXESTMTimeAnalysisNavigModify,
+                                        ReferenceNodeComponent),
+            "KORINavigModify, one for each cast");
   EXPECT_EQ(WhoAnswers<KORINavigNodeCtrl>(&presentation::CreateTIEKORINavigNodeCtrlVEXESTMTimeAnalysisNavigModify,
-                                          ReferenceNode),
+                                          ReferenceNodeComponent),
             "KORINavigNodeCtrl, one for each cast");
 }
 
 template <class Interface>
 void ExpectDescriptionOfForwarder() {
-  const KORHandle<Interface> forwarder = NewObject(InstanceNode);
+  const KORHandle<Interface> forwarder = NewStranger(InstanceNodeComponent);
   ASSERT_FALSE(forwarder.IsNull());
   const KORMetaClass* const description = forwarder->GetMetaObject();
   EXPECT_NE(description, Interface::MetaObject());
@@ -245,9 +238,9 @@ TEST(CreationFunctionsTest, ForwarderHasADescriptionOfItsOwn) {
 }
 
 TEST(CreationFunctionsTest, ForwardersOfOneObjectShareOneExtension) {
-  for (const char* const component : {ReferenceNode, InstanceNode}) {
-    const KORBaseUnknown_var node = NewObject(component);
-    const KORBaseUnknown_var other = NewObject(component);
+  for (const char* const component : {ReferenceNodeComponent, InstanceNodeComponent}) {
+    const KORBaseUnknown_var node = NewStranger(component);
+    const KORBaseUnknown_var other = NewStranger(component);
     const auto instance = KORHandle<KORNavigInstance>::Adopt(new KORNavigInstance(NULL_var));
     KORINavigNodeCtrl_var(node)->PutAssociatedInstance(instance.Get());
     KORINavigModify_var(node)->Select(1);
@@ -264,8 +257,8 @@ TEST(CreationFunctionsTest, ForwardersOfOneObjectShareOneExtension) {
 TEST(CreationFunctionsTest, ExtensionWithStateIsMadeOnceAndGoneWithItsObject) {
   const long before = KORBaseUnknown::CountLiveObjects();
   {
-    const KORBaseUnknown_var object = NewObject(Instance);
-    const KORBaseUnknown_var node = NewObject(InstanceNode);
+    const KORBaseUnknown_var object = NewStranger(InstanceComponent);
+    const KORBaseUnknown_var node = NewStranger(InstanceNodeComponent);
     EXPECT_EQ(KORBaseUnknown::CountLiveObjects(), before + 2);
     const KORIIcon_var icon = object;
     EXPECT_EQ(KORIIcon_var(object).Get(), icon.Get());
@@ -282,7 +275,7 @@ TEST(CreationFunctionsTest, SessionServicesManagerAnswersForItself) {
   const auto found =
       VEXITimeAnalysisSessionServicesMgr_var::Adopt(Create<VEXITimeAnalysisSessionServicesMgr>(create, manager));
   EXPECT_EQ(found.Get(), VEXITimeAnalysisSessionServicesMgr_var(manager).Get());
-  EXPECT_EQ(Create<VEXITimeAnalysisSessionServicesMgr>(create, NewObject("AnyOther")), nullptr);
+  EXPECT_EQ(Create<VEXITimeAnalysisSessionServicesMgr>(create, NewStranger("AnyOther")), nullptr);
 }
 
 TEST(CreationFunctionsTest, SessionServicesManagerIsMadeByItsName) {
@@ -301,8 +294,8 @@ TEST(CreationFunctionsTest, SessionServicesManagerIsMadeByItsName) {
 // What an initialiser of the program sees.
 struct Seen {
   bool Class = fct_FindMetaObject("VEXSTMJSONServices") != nullptr;
-  bool Icon = !KORIIcon_var(NewObject(Reference)).IsNull();
-  bool NodeElement = !KORINavigElement_var(NewObject(InstanceNode)).IsNull();
+  bool Icon = !KORIIcon_var(NewStranger(ReferenceComponent)).IsNull();
+  bool NodeElement = !KORINavigElement_var(NewStranger(InstanceNodeComponent)).IsNull();
   bool Component = KORFillDictionary::FindFunctionCreation("VEXETimeAnalysisSessionServicesMgr") != nullptr;
   bool Trace = KORTrace::Find("KORVEXTimeAnalysisModelerServicesTrace") != nullptr;
 };

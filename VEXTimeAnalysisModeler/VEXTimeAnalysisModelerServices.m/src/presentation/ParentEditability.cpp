@@ -1,10 +1,9 @@
 // Whether the operation above the node of an analysis may be changed.
 #include "presentation/ParentEditability.h"
 
-#include "HandedOut.h"
+#include "objects/OperationWalk.h"
 #include "platform/base/KORList.h"
 #include "platform/base/KORObjectLists.h"
-#include "platform/model/KORIPLMNavOccurrence.h"
 #include "platform/services/KORINavigElement.h"
 #include "platform/services/KORNavigInstance.h"
 #include "platform/services/KORPLMEditabilityServices.h"
@@ -23,13 +22,6 @@ KORBaseUnknown_var ObjectOfLastParent(const KORIGraphNode_var& node) {
   return instance == nullptr ? NULL_var : instance->GetReference();
 }
 
-KORIPLMNavInstance_var InstanceOf(const KORIPLMNavOccurrence_var& occurrence) {
-  if (occurrence.IsNull()) return NULL_var;
-  return HandedOut<KORIPLMNavInstance>(
-             [&occurrence](KORIPLMNavInstance*& instance) { return occurrence->GetRelatedInstance(instance); })
-      .Get();
-}
-
 bool IsEditable(const KORIPLMNavReference_var& operation) {
   KORListValKORBaseUnknown_var operations;
   operations.Append(operation);
@@ -40,11 +32,12 @@ bool IsEditable(const KORIPLMNavReference_var& operation) {
 }  // namespace
 
 bool IsParentOperationEditable(const KORIGraphNode_var& node) {
-  const KORIPLMNavInstance_var instance = InstanceOf(ObjectOfLastParent(node));
+  const KORIPLMNavOccurrence_var occurrence = ObjectOfLastParent(node);
+  if (occurrence.IsNull()) return IsEditable(NULL_var);
+  const KORIPLMNavInstance_var instance = objects::InstanceOf(occurrence).Get();
   if (instance.IsNull()) return IsEditable(NULL_var);
-  const HandedOut<KORIPLMNavReference> operation(
-      [&instance](KORIPLMNavReference*& reference) { return instance->GetInstanceReference(reference); });
-  return !operation.Get().IsNull() && IsEditable(operation.Get());
+  const KORIPLMNavReference_var operation = objects::OperationOf(instance).Get();
+  return !operation.IsNull() && IsEditable(operation);
 }
 
 }  // namespace presentation

@@ -3,23 +3,19 @@
 
 #include <memory>
 
-#include "HandedOut.h"
+#include "objects/OperationWalk.h"
 #include "platform/model/KORIAlias.h"
-#include "platform/model/PLMIRepInstance.h"
 #include "presentation/DisplayGate.h"
 #include "presentation/Registration.h"
 
 namespace {
 
 // The representation reference that an object is or is an instance of; null for any other object.
-PLMIRepReference_var RepReferenceOf(KORBaseUnknown* object) {
+PLMIRepReference_var RepReferenceOfEither(KORBaseUnknown* object) {
   const PLMIRepReference_var itself(object);
   if (!itself.IsNull()) return itself;
   const PLMIRepInstance_var instance(object);
-  if (instance.IsNull()) return NULL_var;
-  return HandedOut<PLMIRepReference>(
-             [&instance](PLMIRepReference*& reference) { return instance->GetRepReference(reference); })
-      .Get();
+  return instance.IsNull() ? NULL_var : objects::RepReferenceOf(instance).Get();
 }
 
 }  // namespace
@@ -31,7 +27,7 @@ const KORMetaClass* VEXESTMTimeAnalysisNavigate::MetaObject() {
 
 KORListValKORUnicodeString* VEXESTMTimeAnalysisNavigate::GetNodeNames() {
   if (!presentation::IsNodeDisplayed()) return nullptr;
-  const KORIAlias_var named = RepReferenceOf(GetImpl(0));
+  const KORIAlias_var named = RepReferenceOfEither(GetImpl(0));
   if (named.IsNull()) return nullptr;
   auto names = std::make_unique<KORListValKORUnicodeString>(1);
   names->Append(named->GetAlias());

@@ -1,16 +1,14 @@
 // The icon of analyses.
 #include "presentation/VEXSTMTimeAnalysisIcon.h"
 
-#include "HandedOut.h"
+#include "objects/OperationWalk.h"
 #include "platform/base/KORStatus.h"
-#include "platform/model/PLMIRepInstance.h"
 #include "presentation/Registration.h"
 
 namespace {
 
 long IconNameOfReference(const PLMIRepInstance_var& instance, KORUnicodeString& name) {
-  const HandedOut<PLMIRepReference> reference(
-      [&instance](PLMIRepReference*& out) { return instance->GetRepReference(out); });
+  const HandedOut<PLMIRepReference> reference = objects::RepReferenceOf(instance);
   const KORIIcon_var icon = reference.Get();
   return icon.IsNull() ? reference.GetStatus() : icon->GetIconName(name);
 }
